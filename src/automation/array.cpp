@@ -1,0 +1,28 @@
+#include "automation/array.h"
+
+#include <limits>
+
+namespace velmosav {
+
+std::optional<long> upper_bound(const SAFEARRAY* array, unsigned dimension) noexcept {
+  if (!array || !array->pvData || dimension == 0 || dimension > array->cDims) return std::nullopt;
+  const SAFEARRAYBOUND& bound = array->rgsabound[array->cDims - dimension];
+  return static_cast<long>(static_cast<long long>(bound.lLbound) + bound.cElements - 1);
+}
+
+short count_of(const SAFEARRAY* array, unsigned dimension) noexcept {
+  const auto upper = upper_bound(array, dimension);
+  if (!upper || *upper < std::numeric_limits<short>::min() - 1 ||
+      *upper >= std::numeric_limits<short>::max()) {
+    return -1;
+  }
+  return static_cast<short>(*upper + 1);
+}
+
+void require_resizable(const SAFEARRAY* array) {
+  if (array && (array->cLocks > 0 || (array->fFeatures & (FADF_STATIC | FADF_FIXEDSIZE)))) {
+    raise(Fault::ArrayLocked);
+  }
+}
+
+}  // namespace velmosav

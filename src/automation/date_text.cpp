@@ -1,0 +1,220 @@
+#include "automation/date_text.h"
+
+#include <array>
+#include <atomic>
+#include <chrono>
+#include <cmath>
+#include <string>
+
+#include "automation/fault.h"
+#include "automation/variant.h"
+
+namespace velmosav {
+namespace {
+
+using std::chrono::day;
+using std::chrono::days;
+using std::chrono::month;
+using std::chrono::sys_days;
+using std::chrono::year;
+using std::chrono::year_month_day;
+
+constexpr sys_days kEpoch = sys_days(year(1899) / 12 / 30);
+constexpr int kFirstYear = 100;
+constexpr int kLastYear = 9999;
+
+constexpr long long serial_of(year_month_day date) { return (sys_days(date) - kEpoch).count(); }
+
+year_month_day calendar_day(long long serial) { return year_month_day(kEpoch + days(serial)); }
+
+/// The user's way of writing dates, read once per process.
+struct DateSettings {
+  bool slashed_day_first;
+  wchar_t separator;
+};
+
+const DateSettings& settings() {
+  static const DateSettings cached = [] {
+    wchar_t order[4] = L"";
+    wchar_t separator[8] = L"";
+    GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_IDATE, order, 4);
+    GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDATE, separator, 8);
+    const bool one_character = separator[0] != 0 && separator[1] == 0;
+    const wchar_t mark = one_character ? separator[0] : L'\0';
+    return DateSettings{order[0] == L'1' && mark == L'/', mark};
+  }();
+  return cached;
+}
+
+std::optional<DATE> platform_parse(std::wstring_view text) {
+  std::wstring terminated(text);
+  DATE date = 0;
+  const HRESULT code = VarDateFromStr(terminated.data(), LOCALE_USER_DEFAULT, 0, &date);
+  if (code == E_OUTOFMEMORY) raise(code);
+  return SUCCEEDED(code) ? std::optional(date) : std::nullopt;
+}
+
+/// The full year of a two-digit one, asked of the platform once per value.
+int full_year(int two_digits) {
+  static std::array<std::atomic<short>, 100> known{};
+  auto& slot = known[static_cast<std::size_t>(two_digits)];
+  short result = slot.load(std::memory_order_relaxed);
+  if (result == 0) {
+    const wchar_t probe[] = {L'0',
+                             L'1',
+                             L'/',
+                             L'0',
+                             L'1',
+                             L'/',
+                             static_cast<wchar_t>(L'0' + two_digits / 10),
+                             static_cast<wchar_t>(L'0' + two_digits % 10)};
+    const auto date = platform_parse({probe, std::size(probe)});
+    if (!date) return -1;
+    result = static_cast<short>(int(calendar_day(static_cast<long long>(*date)).year()));
+    slot.store(result, std::memory_order_relaxed);
+  }
+  return result;
+}
+
+/// Reads `least` to `most` digits at the front of `text` and drops them; -1 when there are fewer or more.
+int take_digits(std::wstring_view& text, std::size_t least, std::size_t most) {
+  int value = 0;
+  std::size_t count = 0;
+  while (count < text.size() && text[count] >= L'0' && text[count] <= L'9') {
+    if (count == most) return -1;
+    value = value * 10 + (text[count] - L'0');
+    ++count;
+  }
+  if (count < least) return -1;
+  text.remove_prefix(count);
+  return value;
+}
+
+bool take(std::wstring_view& text, wchar_t mark) {
+  if (text.empty() || text.front() != mark) return false;
+  text.remove_prefix(1);
+  return true;
+}
+
+/// d/m/yy, dd/mm/yyyy and the like, without time of day: the forms that a schedule is made of.
+std::optional<DATE> fast_parse(std::wstring_view text) {
+  const int day_number = take_digits(text, 1, 2);
+  if (day_number < 1 || !take(text, L'/')) return std::nullopt;
+  const int month_number = take_digits(text, 1, 2);
+  if (month_number < 1 || !take(text, L'/')) return std::nullopt;
+  const std::size_t year_digits = text.size();
+  if (year_digits != 2 && year_digits != 4) return std::nullopt;
+  int year_number = take_digits(text, year_digits, year_digits);
+  if (year_digits == 2 && year_number >= 0) year_number = full_year(year_number);
+  if (year_number < kFirstYear) return std::nullopt;
+  const year_month_day date =
+      year(year_number) / month(static_cast<unsigned>(month_number)) / day(static_cast<unsigned>(day_number));
+  if (!date.ok()) return std::nullopt;
+  return static_cast<DATE>(serial_of(date));
+}
+
+Bstr platform_format(DATE date, std::wstring_view pattern) {
+  VARIANT value;
+  value.vt = VT_DATE;
+  value.date = date;
+  Bstr format(pattern);
+  Bstr text;
+  check_conversion(VarFormat(&value, format.get(), 0, 0, 0, text.receive()));
+  return text;
+}
+
+wchar_t* put_two_digits(wchar_t* place, unsigned value) {
+  *place++ = static_cast<wchar_t>(L'0' + value / 10 % 10);
+  *place++ = static_cast<wchar_t>(L'0' + value % 10);
+  return place;
+}
+
+Bstr fast_format(year_month_day date, int year_digits, wchar_t separator) {
+  wchar_t text[10];
+  wchar_t* end = put_two_digits(text, unsigned(date.day()));
+  *end++ = separator;
+  end = put_two_digits(end, unsigned(date.month()));
+  *end++ = separator;
+  const auto year_number = static_cast<unsigned>(int(date.year()));
+  if (year_digits == 4) end = put_two_digits(end, year_number / 100);
+  end = put_two_digits(end, year_number);
+  return Bstr(std::wstring_view(text, static_cast<std::size_t>(end - text)));
+}
+
+}  // namespace
+
+std::optional<DATE> parse_date(std::wstring_view text) {
+  if (settings().slashed_day_first) {
+    if (const auto date = fast_parse(text)) return date;
+  }
+  return platform_parse(text);
+}
+
+DATE to_date(std::wstring_view text) {
+  const auto date = parse_date(text);
+  if (!date) raise(Fault::TypeMismatch);
+  return *date;
+}
+
+Bstr format_date(DATE date, std::wstring_view pattern) {
+  const int year_digits = pattern == L"dd/mm/yy" ? 2 : pattern == L"dd/mm/yyyy" ? 4 : 0;
+  if (year_digits != 0 && settings().separator != 0) {
+    const year_month_day calendar = calendar_day(static_cast<long long>(date));
+    if (int(calendar.year()) >= 1000 && int(calendar.year()) <= kLastYear) {
+      return fast_format(calendar, year_digits, settings().separator);
+    }
+  }
+  return platform_format(date, pattern);
+}
+
+Bstr format_date_text(std::wstring_view text, std::wstring_view pattern) {
+  const auto date = parse_date(text);
+  return date ? format_date(*date, pattern) : Bstr(text);
+}
+
+DATE add_to_date(DATE date, std::wstring_view interval, long long count) {
+  const double whole = std::trunc(date);
+  const double time = std::fabs(date - whole);
+  auto serial = static_cast<long long>(whole);
+  // Beyond this no count can lead to a valid year, and the sums below stay in range.
+  constexpr long long kFarthest = 4'000'000;
+  if (count > kFarthest || count < -kFarthest) raise(Fault::InvalidArgument);
+  if (interval == L"d") {
+    serial += count;
+  } else if (interval == L"ww") {
+    serial += 7 * count;
+  } else if (interval == L"m" || interval == L"yyyy") {
+    const year_month_day start = calendar_day(serial);
+    const long long months =
+        (int(start.year()) * 12LL + unsigned(start.month()) - 1) + (interval == L"m" ? count : 12 * count);
+    if (months < kFirstYear * 12LL || months > kLastYear * 12LL + 11) raise(Fault::InvalidArgument);
+    year_month_day target =
+        year(static_cast<int>(months / 12)) / month(static_cast<unsigned>(months % 12 + 1)) / start.day();
+    if (!target.ok()) target = target.year() / target.month() / std::chrono::last;
+    serial = serial_of(target);
+  } else {
+    raise(Fault::InvalidArgument);
+  }
+  constexpr long long kFirst = serial_of(year(kFirstYear) / 1 / 1);
+  constexpr long long kLast = serial_of(year(kLastYear) / 12 / 31);
+  if (serial < kFirst || serial > kLast) raise(Fault::InvalidArgument);
+  const auto moved = static_cast<double>(serial);
+  return moved < 0 ? moved - time : moved + time;
+}
+
+long long days_between(DATE from, DATE to) noexcept {
+  return static_cast<long long>(to) - static_cast<long long>(from);
+}
+
+long long days_between(std::wstring_view from, std::wstring_view to) {
+  const DATE start = to_date(from);
+  return days_between(start, to_date(to));
+}
+
+DATE today() noexcept {
+  SYSTEMTIME now;
+  GetLocalTime(&now);
+  return static_cast<DATE>(serial_of(year(now.wYear) / month(now.wMonth) / day(now.wDay)));
+}
+
+}  // namespace velmosav

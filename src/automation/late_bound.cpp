@@ -1,0 +1,78 @@
+#include "automation/late_bound.h"
+
+#include <dispex.h>
+
+#include <algorithm>
+
+#include "automation/fault.h"
+
+namespace velmosav {
+namespace {
+
+/// The owner of what a failed call left.
+struct ExceptionInformation : EXCEPINFO {
+  ExceptionInformation() : EXCEPINFO{} {}
+  ~ExceptionInformation() {
+    SysFreeString(bstrSource);
+    SysFreeString(bstrDescription);
+    SysFreeString(bstrHelpFile);
+  }
+  ExceptionInformation(const ExceptionInformation&) = delete;
+  ExceptionInformation& operator=(const ExceptionInformation&) = delete;
+};
+
+[[noreturn]] void raise_exception(ExceptionInformation& exception) {
+  if (exception.pfnDeferredFillIn) exception.pfnDeferredFillIn(&exception);
+  const HRESULT code = FAILED(exception.scode) ? exception.scode
+                       : exception.wCode != 0  ? static_cast<HRESULT>(0x800A0000UL + exception.wCode)
+                                               : E_FAIL;
+  ComPtr<IErrorInfo> information;
+  ComPtr<ICreateErrorInfo> creation;
+  if (exception.bstrDescription && SUCCEEDED(CreateErrorInfo(creation.receive()))) {
+    creation->SetDescription(exception.bstrDescription);
+    creation->SetSource(exception.bstrSource);
+    creation->SetHelpFile(exception.bstrHelpFile);
+    creation->SetHelpContext(exception.dwHelpContext);
+    creation->QueryInterface(IID_IErrorInfo, information.receive_void());
+  }
+  throw Failure{code, information};
+}
+
+}  // namespace
+
+HostMember::HostMember(IDispatch* object, const wchar_t* name) : object_(object) {
+  if (!object) raise(Fault::ObjectNotSet);
+  auto* names = const_cast<wchar_t*>(name);
+  const HRESULT code = object->GetIDsOfNames(IID_NULL, &names, 1, LOCALE_USER_DEFAULT, &id_);
+  if (SUCCEEDED(code)) return;
+  ComPtr<IDispatchEx> extended;
+  if (SUCCEEDED(object->QueryInterface(IID_IDispatchEx, extended.receive_void()))) {
+    Bstr member{std::wstring_view(name)};
+    if (SUCCEEDED(extended->GetDispID(member.get(), fdexNameCaseInsensitive, &id_))) {
+      extended_ = ComPtr<IDispatch>::attach(extended.detach());
+      return;
+    }
+  }
+  if (code == DISP_E_UNKNOWNNAME || code == DISP_E_MEMBERNOTFOUND) raise(Fault::MemberNotFound);
+  raise_call_failure(code);
+}
+
+Variant HostMember::invoke(WORD flags, Variant* arguments, std::size_t count) const {
+  // The platform takes arguments last first.
+  std::reverse(arguments, arguments + count);
+  static_assert(sizeof(Variant) == sizeof(VARIANT));
+  DISPPARAMS parameters{count ? &arguments->get() : nullptr, nullptr, static_cast<UINT>(count), 0};
+  ExceptionInformation exception;
+  Variant result;
+  const HRESULT code = extended_ ? static_cast<IDispatchEx*>(extended_.get())
+                                       ->InvokeEx(id_, LOCALE_USER_DEFAULT, flags, &parameters,
+                                                  result.receive(), &exception, nullptr)
+                                 : object_->Invoke(id_, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters,
+                                                   result.receive(), &exception, nullptr);
+  if (code == DISP_E_EXCEPTION) raise_exception(exception);
+  if (code == DISP_E_MEMBERNOTFOUND) raise(Fault::MemberNotFound);
+  check(code);
+  return result;
+}
+
+}  // namespace velmosav

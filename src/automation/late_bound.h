@@ -1,0 +1,53 @@
+// Objects of the host, called by name. A class written in a script answers only the extended dispatch
+// interface: it is the second try.
+//
+//   HostObject table(clsTVA);
+//   Variant rate = HostObject(to_object(table.get(L"EnrTva", Variant(3L)).get())).get(L"TauxTva");
+#pragma once
+
+#include "automation/platform.h"
+
+#include <array>
+
+#include "automation/com_ptr.h"
+#include "automation/variant.h"
+
+namespace velmosav {
+
+/// A member of a host's object, looked up once. Borrows the object.
+class HostMember {
+ public:
+  /// Fault 91 for no object, 438 for an unknown name.
+  HostMember(IDispatch* object, const wchar_t* name);
+
+  /// Reads the property (or calls the function of that name) with the arguments in order.
+  /// A failure carries the object's own error information.
+  template <class... Arguments>
+  [[nodiscard]] Variant get(Arguments&&... arguments) const {
+    std::array<Variant, sizeof...(Arguments)> values{std::forward<Arguments>(arguments)...};
+    return invoke(DISPATCH_METHOD | DISPATCH_PROPERTYGET, values.data(), values.size());
+  }
+
+ private:
+  [[nodiscard]] Variant invoke(WORD flags, Variant* arguments, std::size_t count) const;
+
+  IDispatch* object_;
+  ComPtr<IDispatch> extended_;  // an IDispatchEx when the name was found there
+  DISPID id_ = DISPID_UNKNOWN;
+};
+
+/// An object of the host. Borrows it.
+class HostObject {
+ public:
+  explicit HostObject(IDispatch* object) noexcept : object_(object) {}
+
+  template <class... Arguments>
+  [[nodiscard]] Variant get(const wchar_t* name, Arguments&&... arguments) const {
+    return HostMember(object_, name).get(std::forward<Arguments>(arguments)...);
+  }
+
+ private:
+  IDispatch* object_;
+};
+
+}  // namespace velmosav

@@ -1,0 +1,15 @@
+// Numbers as text by the user's regional settings (decimal separator; up to 15 significant digits).
+#pragma once
+
+#include "automation/text.h"
+
+namespace velmosav {
+
+/// General form: no thousands separator, as many decimals as the value needs.
+Bstr number_text(double value);
+/// Fixed number of decimals, at least one digit before the separator, no thousands separator.
+/// The value must already be rounded to that many decimals.
+Bstr fixed_number_text(double value, int decimals);
+Bstr whole_number_text(long value);
+
+}  // namespace velmosav

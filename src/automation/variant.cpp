@@ -1,0 +1,61 @@
+#include "automation/variant.h"
+
+#include <limits>
+
+#include "automation/fault.h"
+
+namespace velmosav {
+namespace {
+
+Variant converted(const VARIANT& value, VARTYPE type) {
+  const VARIANT& source = dereferenced(value);
+  if (source.vt == VT_NULL) raise(Fault::InvalidUseOfNull);
+  if (is_missing(source)) raise(Fault::TypeMismatch);
+  Variant result;
+  // The platform takes the argument as non-const but does not write to it.
+  check_conversion(VariantChangeTypeEx(&result.get(), const_cast<VARIANT*>(&source), LOCALE_USER_DEFAULT,
+                                       VARIANT_LOCALBOOL, type));
+  return result;
+}
+
+}  // namespace
+
+const VARIANT& dereferenced(const VARIANT& value) noexcept {
+  return value.vt == (VT_BYREF | VT_VARIANT) && value.pvarVal ? *value.pvarVal : value;
+}
+
+bool is_missing(const VARIANT& value) noexcept {
+  const VARIANT& source = dereferenced(value);
+  return source.vt == VT_ERROR && source.scode == DISP_E_PARAMNOTFOUND;
+}
+
+bool to_bool(const VARIANT& value) { return converted(value, VT_BOOL).get().boolVal != VARIANT_FALSE; }
+
+short to_short(const VARIANT& value) { return converted(value, VT_I2).get().iVal; }
+
+long to_long(const VARIANT& value) { return converted(value, VT_I4).get().lVal; }
+
+double to_double(const VARIANT& value) { return converted(value, VT_R8).get().dblVal; }
+
+Bstr to_text(const VARIANT& value) {
+  Variant text = converted(value, VT_BSTR);
+  return Bstr::attach(text.detach().bstrVal);
+}
+
+IDispatch* to_object(const VARIANT& value) {
+  const VARIANT& source = dereferenced(value);
+  if (source.vt == VT_DISPATCH) return source.pdispVal;
+  if (source.vt == (VT_BYREF | VT_DISPATCH) && source.ppdispVal) return *source.ppdispVal;
+  raise(Fault::ObjectRequired);
+}
+
+void assign(VARIANT& field, Variant value) { std::swap(field, value.get()); }
+
+short narrow_to_short(long long value) {
+  if (value < std::numeric_limits<short>::min() || value > std::numeric_limits<short>::max()) {
+    raise(Fault::Overflow);
+  }
+  return static_cast<short>(value);
+}
+
+}  // namespace velmosav

@@ -1,0 +1,81 @@
+// VARIANT: its owner, missing arguments, and the run-time's general conversions.
+#pragma once
+
+#include "automation/platform.h"
+
+#include "automation/text.h"
+
+namespace velmosav {
+
+/// Owner of a VARIANT.
+class Variant {
+ public:
+  Variant() noexcept { VariantInit(&value_); }
+  explicit Variant(long number) noexcept : Variant() {
+    value_.vt = VT_I4;
+    value_.lVal = number;
+  }
+  explicit Variant(short number) noexcept : Variant() {
+    value_.vt = VT_I2;
+    value_.iVal = number;
+  }
+  explicit Variant(double number) noexcept : Variant() {
+    value_.vt = VT_R8;
+    value_.dblVal = number;
+  }
+  explicit Variant(Bstr text) noexcept : Variant() {
+    value_.vt = VT_BSTR;
+    value_.bstrVal = text.detach();
+  }
+  Variant(Variant&& other) noexcept : value_(other.detach()) {}
+  Variant& operator=(Variant&& other) noexcept {
+    std::swap(value_, other.value_);
+    return *this;
+  }
+  Variant(const Variant&) = delete;
+  Variant& operator=(const Variant&) = delete;
+  ~Variant() { VariantClear(&value_); }
+
+  [[nodiscard]] const VARIANT& get() const noexcept { return value_; }
+  [[nodiscard]] VARIANT& get() noexcept { return value_; }
+  [[nodiscard]] VARIANT* receive() noexcept {
+    VariantClear(&value_);
+    return &value_;
+  }
+  [[nodiscard]] VARIANT detach() noexcept {
+    const VARIANT value = value_;
+    VariantInit(&value_);
+    return value;
+  }
+
+ private:
+  VARIANT value_;
+};
+
+/// The value behind VT_BYREF|VT_VARIANT, or the variant itself.
+const VARIANT& dereferenced(const VARIANT& value) noexcept;
+
+/// True for an optional argument that the caller left out (not for an empty one).
+bool is_missing(const VARIANT& value) noexcept;
+inline bool is_missing(const VARIANT* value) noexcept { return !value || is_missing(*value); }
+
+/// The run-time's conversions by the user's regional settings. Null is fault 94, a value of another kind 13,
+/// one out of range 6. Whole numbers round halves to even.
+bool to_bool(const VARIANT& value);
+short to_short(const VARIANT& value);
+long to_long(const VARIANT& value);
+double to_double(const VARIANT& value);
+/// A Boolean becomes a word of the user's language.
+Bstr to_text(const VARIANT& value);
+/// The object a variant holds, null for Nothing; fault 424 when it holds none.
+IDispatch* to_object(const VARIANT& value);
+
+/// Replaces a VARIANT of the host by one that cannot fail to be stored.
+void assign(VARIANT& field, Variant value);
+
+/// 16-bit result of a count or index: fault 6 outside the range.
+short narrow_to_short(long long value);
+
+constexpr VARIANT_BOOL to_variant_bool(bool value) { return value ? VARIANT_TRUE : VARIANT_FALSE; }
+
+}  // namespace velmosav

@@ -1,0 +1,15 @@
+// What the library writes into the registry, and its removal.
+#pragma once
+
+#include "automation/platform.h"
+
+namespace velmosav {
+
+/// Registers the type library (with the interfaces) and every class: CLSID, ProgID, server path, apartment
+/// model. A failure undoes what was written.
+HRESULT register_library() noexcept;
+
+/// Removes what register_library wrote. Keys that are missing already are no failure.
+HRESULT unregister_library() noexcept;
+
+}  // namespace velmosav

@@ -1,0 +1,151 @@
+#include "object/dispatch_argument.h"
+
+#include <cstring>
+
+#include "automation/fault.h"
+
+namespace velmosav {
+namespace {
+
+/// Where a VARIANT of a plain type holds its value: all of them in the same place.
+void* data_of(VARIANT& value) noexcept { return &value.lVal; }
+
+/// The caller's variable behind VT_BYREF|VT_VARIANT, as often as a script wraps it.
+VARIANT& variable_of(VARIANT& argument) noexcept {
+  VARIANT* value = &argument;
+  while (value->vt == (VT_BYREF | VT_VARIANT) && value->pvarVal) value = value->pvarVal;
+  return *value;
+}
+
+void convert(VARIANT& target, VARIANT& source, LCID locale, VARTYPE type) {
+  if (source.vt == VT_NULL) raise(DISP_E_TYPEMISMATCH);
+  const HRESULT code = VariantChangeTypeEx(&target, &source, locale, VARIANT_LOCALBOOL, type);
+  if (FAILED(code)) raise(code);
+}
+
+bool same_record(IRecordInfo* given, const DispatchParameter& parameter) {
+  if (given == parameter.record_info.get()) return true;
+  GUID id;
+  return given && SUCCEEDED(given->GetGuid(&id)) && id == parameter.record;
+}
+
+}  // namespace
+
+void DispatchArgument::prepare(const DispatchParameter& parameter, VARIANT* argument, LCID locale) {
+  if (!argument || is_missing(*argument)) return prepare_missing(parameter, argument != nullptr);
+  if (parameter.type == VT_VARIANT) return prepare_variant(parameter, argument);
+  VARIANT& variable = variable_of(*argument);
+  if (parameter.type == VT_RECORD) return prepare_record(parameter, variable);
+  if (parameter.type & VT_ARRAY) return prepare_array(parameter, variable);
+  prepare_typed(parameter, variable, locale);
+}
+
+void DispatchArgument::prepare_missing(const DispatchParameter& parameter, bool given) {
+  VARIANT& value = converted_.get();
+  if (parameter.type == VT_VARIANT && (parameter.optional || given)) {
+    value.vt = VT_ERROR;
+    value.scode = DISP_E_PARAMNOTFOUND;
+    value_ = &value;
+    return;
+  }
+  if (!parameter.optional) raise(DISP_E_PARAMNOTOPTIONAL);
+  if (parameter.default_value.get().vt != VT_EMPTY) {
+    auto* source = const_cast<VARIANT*>(&parameter.default_value.get());
+    check(VariantChangeTypeEx(&value, source, LOCALE_USER_DEFAULT, 0, parameter.type));
+  } else {
+    value.vt = parameter.type;
+    value.dblVal = 0;
+  }
+  value_ = data_of(value);
+}
+
+void DispatchArgument::prepare_variant(const DispatchParameter& parameter, VARIANT* argument) {
+  // By reference the method gets the caller's own variable; a typed variable stays behind its reference.
+  value_ = argument->vt == (VT_BYREF | VT_VARIANT) ? argument->pvarVal : argument;
+  (void)parameter;
+}
+
+void DispatchArgument::prepare_record(const DispatchParameter& parameter, VARIANT& argument) {
+  if ((argument.vt & ~VT_BYREF) != VT_RECORD || !same_record(argument.pRecInfo, parameter)) {
+    raise(DISP_E_TYPEMISMATCH);
+  }
+  value_ = argument.pvRecord;
+}
+
+void DispatchArgument::prepare_array(const DispatchParameter& parameter, VARIANT& argument) {
+  if (argument.vt == (VT_BYREF | parameter.type)) {
+    value_ = argument.pparray;
+  } else if (argument.vt == parameter.type) {
+    value_ = &argument.parray;
+  } else {
+    raise(DISP_E_TYPEMISMATCH);
+  }
+}
+
+void DispatchArgument::prepare_typed(const DispatchParameter& parameter, VARIANT& argument, LCID locale) {
+  if (argument.vt == (VT_BYREF | parameter.type)) {
+    value_ = argument.byref;
+    return;
+  }
+  if (argument.vt == parameter.type) {
+    value_ = data_of(argument);
+    return;
+  }
+  convert(converted_.get(), argument, locale, parameter.type);
+  value_ = data_of(converted_.get());
+  if (parameter.by_reference) {
+    variable_ = &argument;
+    before_ = converted_.get();
+  }
+}
+
+std::uint32_t* DispatchArgument::push(const DispatchParameter& parameter,
+                                      std::uint32_t* words) const noexcept {
+  if (parameter.by_reference) {
+    *words = static_cast<std::uint32_t>(reinterpret_cast<std::uintptr_t>(value_));
+    return words + 1;
+  }
+  switch (parameter.type) {
+    case VT_UI1:
+      *words = *static_cast<const BYTE*>(value_);
+      break;
+    case VT_I2:
+    case VT_BOOL:
+      *words = static_cast<std::uint32_t>(*static_cast<const short*>(value_));
+      break;
+    default:
+      std::memcpy(words, value_, parameter.words() * sizeof *words);
+      break;
+  }
+  return words + parameter.words();
+}
+
+bool DispatchArgument::changed() const noexcept {
+  // A text is replaced, never edited: another address is another text.
+  return std::memcmp(&before_.lVal, &converted_.get().lVal, before_.vt == VT_R8 ? 8 : 4) != 0;
+}
+
+void DispatchArgument::write_back(LCID locale) noexcept {
+  if (!variable_ || !changed()) return;
+  if (variable_->vt & VT_BYREF) {
+    // A variable of another type: the value goes through the reference when it can be converted.
+    VARIANT value;
+    VariantInit(&value);
+    const auto type = static_cast<VARTYPE>(variable_->vt & ~VT_BYREF);
+    if (FAILED(VariantChangeTypeEx(&value, &converted_.get(), locale, VARIANT_LOCALBOOL, type))) return;
+    if (type == VT_BSTR) {
+      std::swap(*variable_->pbstrVal, value.bstrVal);
+      VariantClear(&value);
+    } else {
+      const std::size_t size = type == VT_I2 || type == VT_BOOL ? 2
+                               : type == VT_UI1                 ? 1
+                               : type == VT_R8                  ? 8
+                                                                : 4;
+      std::memcpy(variable_->byref, &value.lVal, size);
+    }
+    return;
+  }
+  std::swap(*variable_, converted_.get());
+}
+
+}  // namespace velmosav

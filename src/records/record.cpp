@@ -1,0 +1,127 @@
+#include "records/record.h"
+
+#include "automation/platform.h"
+
+#include <algorithm>
+#include <cstring>
+#include <memory>
+
+#include "automation/fault.h"
+#include "automation/text.h"
+#include "records/record_array.h"
+
+namespace velmosav {
+namespace {
+
+template <class T>
+T& at(void* record, unsigned offset) {
+  return *reinterpret_cast<T*>(static_cast<char*>(record) + offset);
+}
+
+template <class T>
+const T& at(const void* record, unsigned offset) {
+  return *reinterpret_cast<const T*>(static_cast<const char*>(record) + offset);
+}
+
+/// Texts of the record that is being built become copies of their own; the rest was copied bit for bit.
+void duplicate_texts(const RecordLayout& layout, const void* source, void* target) {
+  for (const FieldLayout& field : layout.fields) {
+    switch (field.kind) {
+      case FieldKind::Text: {
+        const BSTR text = at<BSTR>(source, field.offset);
+        if (text) at<BSTR>(target, field.offset) = Bstr(view(text)).detach();
+        break;
+      }
+      case FieldKind::Record:
+        for (unsigned i = 0; i < field.count; ++i) {
+          const unsigned offset = field.offset + i * field.record->size;
+          duplicate_texts(*field.record, &at<char>(source, offset), &at<char>(target, offset));
+        }
+        break;
+      case FieldKind::Byte:
+        at<BYTE>(target, field.offset) = at<BYTE>(source, field.offset);
+        break;
+      case FieldKind::Integer:
+      case FieldKind::Boolean:
+        at<short>(target, field.offset) = at<short>(source, field.offset);
+        break;
+      case FieldKind::Long:
+        at<long>(target, field.offset) = at<long>(source, field.offset);
+        break;
+      case FieldKind::Double:
+      case FieldKind::Currency:
+        std::memcpy(&at<char>(target, field.offset), &at<char>(source, field.offset), 8);
+        break;
+      case FieldKind::Object:
+      case FieldKind::TextArray:
+      case FieldKind::ObjectArray:
+      case FieldKind::VariantArray:
+      case FieldKind::RecordArray:
+        raise(Fault::InvalidArgument);
+    }
+  }
+}
+
+/// A record under construction, freed when its building fails.
+class Draft {
+ public:
+  explicit Draft(const RecordLayout& layout) : layout_(layout), bytes_(new char[layout.size]()) {}
+  ~Draft() { clear_record(layout_, bytes_.get()); }
+  Draft(const Draft&) = delete;
+  Draft& operator=(const Draft&) = delete;
+  [[nodiscard]] char* get() const { return bytes_.get(); }
+
+ private:
+  const RecordLayout& layout_;
+  std::unique_ptr<char[]> bytes_;
+};
+
+}  // namespace
+
+void clear_record(const RecordLayout& layout, void* record) noexcept {
+  for (const FieldLayout& field : layout.fields) {
+    switch (field.kind) {
+      case FieldKind::Text:
+        SysFreeString(at<BSTR>(record, field.offset));
+        break;
+      case FieldKind::Object:
+        if (IDispatch* object = at<IDispatch*>(record, field.offset)) object->Release();
+        break;
+      case FieldKind::Record:
+        for (unsigned i = 0; i < field.count; ++i) {
+          clear_record(*field.record, &at<char>(record, field.offset + i * field.record->size));
+        }
+        break;
+      case FieldKind::RecordArray:
+        destroy_record_array(at<SAFEARRAY*>(record, field.offset), *field.record);
+        break;
+      case FieldKind::TextArray:
+      case FieldKind::ObjectArray:
+      case FieldKind::VariantArray:
+        SafeArrayDestroy(at<SAFEARRAY*>(record, field.offset));
+        break;
+      case FieldKind::Byte:
+      case FieldKind::Integer:
+      case FieldKind::Boolean:
+      case FieldKind::Long:
+      case FieldKind::Double:
+      case FieldKind::Currency:
+        break;
+    }
+  }
+  std::memset(record, 0, layout.size);
+}
+
+void clear_record(const GUID& id, void* record) noexcept {
+  for (const RecordLayout* layout : all_layouts()) {
+    if (layout->id == id) clear_record(*layout, record);
+  }
+}
+
+void copy_record(const RecordLayout& layout, const void* source, void* target) {
+  Draft draft(layout);
+  duplicate_texts(layout, source, draft.get());
+  std::swap_ranges(draft.get(), draft.get() + layout.size, static_cast<char*>(target));
+}
+
+}  // namespace velmosav

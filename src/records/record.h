@@ -1,0 +1,29 @@
+// Clearing, copying and comparing the host's records.
+#pragma once
+
+#include "records/layout.h"
+
+namespace velmosav {
+
+/// Frees what the record's fields own (texts, objects, arrays, nested records) and zeroes them.
+/// Arrays that are locked or of fixed size are emptied where they stand.
+void clear_record(const RecordLayout& layout, void* record) noexcept;
+
+/// The same for a record known by its identifier; nothing is done for an unknown one.
+void clear_record(const GUID& id, void* record) noexcept;
+
+/// Copies a record of plain fields, texts and nested records over another; the former content is freed.
+/// When memory lacks the target is as it was. Records with dynamic arrays are never copied.
+void copy_record(const RecordLayout& layout, const void* source, void* target);
+
+template <class Record>
+void clear(Record& record) noexcept {
+  clear_record(layout_of<Record>(), &record);
+}
+
+template <class Record>
+void copy(const Record& source, Record& target) {
+  copy_record(layout_of<Record>(), &source, &target);
+}
+
+}  // namespace velmosav
