@@ -1,5 +1,6 @@
 #include "automation/variant.h"
 
+#include <cstring>
 #include <limits>
 
 #include "automation/fault.h"
@@ -16,6 +17,34 @@ Variant converted(const VARIANT& value, VARTYPE type) {
   check_conversion(VariantChangeTypeEx(&result.get(), const_cast<VARIANT*>(&source), LOCALE_USER_DEFAULT,
                                        VARIANT_LOCALBOOL, type));
   return result;
+}
+
+/// Bytes that a plain type takes in memory; fault 13 for a type that is no plain value.
+std::size_t plain_size(VARTYPE type) {
+  switch (type) {
+    case VT_I1:
+    case VT_UI1:
+      return 1;
+    case VT_I2:
+    case VT_UI2:
+    case VT_BOOL:
+      return 2;
+    case VT_I4:
+    case VT_UI4:
+    case VT_INT:
+    case VT_UINT:
+    case VT_R4:
+    case VT_ERROR:
+      return 4;
+    case VT_R8:
+    case VT_CY:
+    case VT_DATE:
+    case VT_I8:
+    case VT_UI8:
+      return 8;
+    default:
+      raise(Fault::TypeMismatch);
+  }
 }
 
 }  // namespace
@@ -49,7 +78,19 @@ IDispatch* to_object(const VARIANT& value) {
   raise(Fault::ObjectRequired);
 }
 
-void assign(VARIANT& field, Variant value) { std::swap(field, value.get()); }
+void store_variable(VARIANT& variable, Variant value) {
+  if (!(variable.vt & VT_BYREF)) {
+    std::swap(variable, value.get());
+    return;
+  }
+  if (variable.vt == (VT_BYREF | VT_VARIANT)) return store_variable(*variable.pvarVal, std::move(value));
+  Variant typed = converted(value.get(), static_cast<VARTYPE>(variable.vt & ~VT_BYREF));
+  if (typed.get().vt == VT_BSTR) {
+    std::swap(*variable.pbstrVal, typed.get().bstrVal);
+  } else {
+    std::memcpy(variable.byref, &typed.get().lVal, plain_size(typed.get().vt));
+  }
+}
 
 short narrow_to_short(long long value) {
   if (value < std::numeric_limits<short>::min() || value > std::numeric_limits<short>::max()) {

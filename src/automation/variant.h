@@ -15,6 +15,10 @@ class Variant {
     value_.vt = VT_I4;
     value_.lVal = number;
   }
+  explicit Variant(bool value) noexcept : Variant() {
+    value_.vt = VT_BOOL;
+    value_.boolVal = value ? VARIANT_TRUE : VARIANT_FALSE;
+  }
   explicit Variant(short number) noexcept : Variant() {
     value_.vt = VT_I2;
     value_.iVal = number;
@@ -70,12 +74,13 @@ Bstr to_text(const VARIANT& value);
 /// The object a variant holds, null for Nothing; fault 424 when it holds none.
 IDispatch* to_object(const VARIANT& value);
 
-/// Replaces a VARIANT of the host by one that cannot fail to be stored.
-void assign(VARIANT& field, Variant value);
+/// Gives a variable of the host a new value. A typed variable behind a reference takes it converted to its
+/// type.
+void store_variable(VARIANT& variable, Variant value);
 
 /// 16-bit result of a count or index: fault 6 outside the range.
 short narrow_to_short(long long value);
 
-constexpr VARIANT_BOOL to_variant_bool(bool value) { return value ? VARIANT_TRUE : VARIANT_FALSE; }
+inline constexpr VARIANT_BOOL to_variant_bool(bool value) { return value ? VARIANT_TRUE : VARIANT_FALSE; }
 
 }  // namespace velmosav

@@ -1,6 +1,7 @@
 // Recurrence rules: labels, dates and calendar helpers.
 #include <new>
 
+#include "dates/duration_units.h"
 #include "object/class_object.h"
 
 namespace velmosav {
@@ -27,7 +28,9 @@ class Periodicite final : public ClassObject<::_Periodicite> {
 
   HRESULT STDMETHODCALLTYPE GetNumMonth(BSTR*, BSTR*) noexcept override { return not_available(); }
 
-  HRESULT STDMETHODCALLTYPE GetFormatUniteDuree(BSTR*, BSTR*) noexcept override { return not_available(); }
+  HRESULT STDMETHODCALLTYPE GetFormatUniteDuree(BSTR* Unite, BSTR* Resultat) noexcept override {
+    return answer(Resultat, [&] { return Bstr(interval_of_unit(view(required(Unite)))); });
+  }
 
   HRESULT STDMETHODCALLTYPE GetPrevNextMonth(BSTR*, Type_Periodicite*, VARIANT_BOOL*,
                                              BSTR*) noexcept override {

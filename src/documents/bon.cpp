@@ -1,6 +1,7 @@
 // Work orders: counts, times, resets.
 #include <new>
 
+#include "automation/array.h"
 #include "object/class_object.h"
 
 namespace velmosav {
@@ -8,7 +9,9 @@ namespace {
 
 class Bon final : public ClassObject<::_Bon> {
  public:
-  HRESULT STDMETHODCALLTYPE NbrArtBon(Type_Bon*, short*) noexcept override { return not_available(); }
+  HRESULT STDMETHODCALLTYPE NbrArtBon(Type_Bon* Document, short* Resultat) noexcept override {
+    return answer(Resultat, [&] { return count_of(required(Document).TabArticle); });
+  }
 
   HRESULT STDMETHODCALLTYPE GetDureeTotPlages(BSTR, Type_LigneRessource*, double*) noexcept override {
     return not_available();

@@ -1,6 +1,7 @@
 // General constants and text replacement.
 #include <new>
 
+#include "environment/text_replacement.h"
 #include "object/class_object.h"
 
 namespace velmosav {
@@ -11,7 +12,9 @@ class ApiGeneral final : public ClassObject<::_ApiGeneral> {
 #include "object/constant_properties.h"
 #include "constants/ApiGeneral.def"
 
-  HRESULT STDMETHODCALLTYPE RemplaceTxt(BSTR*, BSTR, BSTR) noexcept override { return not_available(); }
+  HRESULT STDMETHODCALLTYPE RemplaceTxt(BSTR* Txt, BSTR Cherche, BSTR Remplace) noexcept override {
+    return perform([&] { replace_ignoring_case(required(Txt), view(Cherche), view(Remplace)); });
+  }
 
  private:
   ApiGeneralConstants constants_;

@@ -1,6 +1,7 @@
 // Grouping of generated invoice lines.
 #include <new>
 
+#include "invoicing/invoice_grid.h"
 #include "object/class_object.h"
 
 namespace velmosav {
@@ -8,11 +9,16 @@ namespace {
 
 class Generation final : public ClassObject<::_Generation> {
  public:
-  HRESULT STDMETHODCALLTYPE IsRuptRgrpCadFact(VARIANT*, short, short, VARIANT_BOOL*) noexcept override {
-    return not_available();
+  HRESULT STDMETHODCALLTYPE IsRuptRgrpCadFact(VARIANT* Tableau, short IndOrig, short IndComp,
+                                              VARIANT_BOOL* Resultat) noexcept override {
+    return answer(Resultat, [&] { return same_invoice(InvoiceGrid(required(Tableau)), IndOrig, IndComp); });
   }
 
-  HRESULT STDMETHODCALLTYPE RegroupementFacture(VARIANT*) noexcept override { return not_available(); }
+  HRESULT STDMETHODCALLTYPE RegroupementFacture(VARIANT* Tableau) noexcept override {
+    return perform([&] {
+      group_by_invoice(InvoiceGrid(required(Tableau)), initial<GeneralConstants>.m_c_sTypDoc_Fact);
+    });
+  }
 };
 
 }  // namespace

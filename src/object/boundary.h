@@ -11,6 +11,7 @@
 #include "automation/fault.h"
 #include "automation/text.h"
 #include "automation/variant.h"
+#include "records/record.h"
 
 namespace velmosav {
 
@@ -41,6 +42,10 @@ inline void store(BSTR* place, Bstr text) noexcept { *place = text.detach(); }
 inline void store(VARIANT_BOOL* place, bool value) noexcept { *place = to_variant_bool(value); }
 inline void store(IDispatch** place, ComPtr<IDispatch> object) noexcept { *place = object.detach(); }
 inline void store(VARIANT* place, Variant value) noexcept { *place = value.detach(); }
+template <class Record>
+void store(Record* place, OwnedRecord<Record> record) noexcept {
+  *place = record.detach();
+}
 template <class T>
 requires std::is_trivially_copyable_v<T>
 void store(T* place, const T& value) noexcept { *place = value; }

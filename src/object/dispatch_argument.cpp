@@ -125,27 +125,8 @@ bool DispatchArgument::changed() const noexcept {
   return std::memcmp(&before_.lVal, &converted_.get().lVal, before_.vt == VT_R8 ? 8 : 4) != 0;
 }
 
-void DispatchArgument::write_back(LCID locale) noexcept {
-  if (!variable_ || !changed()) return;
-  if (variable_->vt & VT_BYREF) {
-    // A variable of another type: the value goes through the reference when it can be converted.
-    VARIANT value;
-    VariantInit(&value);
-    const auto type = static_cast<VARTYPE>(variable_->vt & ~VT_BYREF);
-    if (FAILED(VariantChangeTypeEx(&value, &converted_.get(), locale, VARIANT_LOCALBOOL, type))) return;
-    if (type == VT_BSTR) {
-      std::swap(*variable_->pbstrVal, value.bstrVal);
-      VariantClear(&value);
-    } else {
-      const std::size_t size = type == VT_I2 || type == VT_BOOL ? 2
-                               : type == VT_UI1                 ? 1
-                               : type == VT_R8                  ? 8
-                                                                : 4;
-      std::memcpy(variable_->byref, &value.lVal, size);
-    }
-    return;
-  }
-  std::swap(*variable_, converted_.get());
+void DispatchArgument::write_back() {
+  if (variable_ && changed()) store_variable(*variable_, std::move(converted_));
 }
 
 }  // namespace velmosav

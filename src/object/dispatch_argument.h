@@ -17,7 +17,7 @@ class DispatchArgument {
   std::uint32_t* push(const DispatchParameter& parameter, std::uint32_t* words) const noexcept;
 
   /// Gives a variable of another type, passed by reference, the value the method left.
-  void write_back(LCID locale) noexcept;
+  void write_back();
 
  private:
   void prepare_missing(const DispatchParameter& parameter, bool given);

@@ -88,7 +88,7 @@ class Call {
     Variant value;
     if (slot_.result.type != VT_EMPTY) *end++ = result_address(value.get());
     const HRESULT code = call_slot(object, slot_.vtable_index, words, static_cast<unsigned>(end - words));
-    for (std::size_t i = 0; i < slot_.parameters.size(); ++i) arguments_[i].write_back(kLocale);
+    for (std::size_t i = 0; i < slot_.parameters.size(); ++i) arguments_[i].write_back();
     if (SUCCEEDED(code) && result) {
       *result = value.detach();
     } else if (value.get().vt == VT_RECORD) {

@@ -16,6 +16,27 @@ void clear_record(const GUID& id, void* record) noexcept;
 /// When memory lacks the target is as it was. Records with dynamic arrays are never copied.
 void copy_record(const RecordLayout& layout, const void* source, void* target);
 
+/// A zeroed record of the library's own, freed unless it is handed over.
+template <class Record>
+class OwnedRecord {
+ public:
+  OwnedRecord() = default;
+  OwnedRecord(OwnedRecord&& other) noexcept : value_(other.detach()) {}
+  OwnedRecord& operator=(OwnedRecord&&) = delete;
+  ~OwnedRecord() { clear_record(layout_of<Record>(), &value_); }
+
+  [[nodiscard]] Record& get() noexcept { return value_; }
+  /// Gives the record's content up to the caller.
+  [[nodiscard]] Record detach() noexcept {
+    const Record value = value_;
+    value_ = Record{};
+    return value;
+  }
+
+ private:
+  Record value_{};
+};
+
 template <class Record>
 void clear(Record& record) noexcept {
   clear_record(layout_of<Record>(), &record);

@@ -1,6 +1,8 @@
 // Tools: amounts, durations, code lists, input formats, control helpers.
 #include <new>
 
+#include "amounts/amount_arithmetic.h"
+#include "tools/object_address.h"
 #include "object/class_object.h"
 
 namespace velmosav {
@@ -8,20 +10,24 @@ namespace {
 
 class Outil final : public ClassObject<::_Outil> {
  public:
-  HRESULT STDMETHODCALLTYPE DLL_GetAmountHTByTTC(double, double, BYTE, double*) noexcept override {
-    return not_available();
+  HRESULT STDMETHODCALLTYPE DLL_GetAmountHTByTTC(double VATRate, double AmountTTC, BYTE NumDigitDec,
+                                                 double* Resultat) noexcept override {
+    return answer(Resultat, [&] { return amount_ht_from_ttc(VATRate, AmountTTC, NumDigitDec); });
   }
 
-  HRESULT STDMETHODCALLTYPE DLL_GetAmountDiscounted(double, double, BYTE, double*) noexcept override {
-    return not_available();
+  HRESULT STDMETHODCALLTYPE DLL_GetAmountDiscounted(double Amount, double DiscountRate, BYTE NumDigitDec,
+                                                    double* Resultat) noexcept override {
+    return answer(Resultat, [&] { return amount_before_discount(Amount, DiscountRate, NumDigitDec); });
   }
 
-  HRESULT STDMETHODCALLTYPE DLL_GetAmountTTCByHT(double, double, BYTE, double*) noexcept override {
-    return not_available();
+  HRESULT STDMETHODCALLTYPE DLL_GetAmountTTCByHT(double VATRate, double AmountHT, BYTE NumDigitDec,
+                                                 double* Resultat) noexcept override {
+    return answer(Resultat, [&] { return amount_ttc_from_ht(VATRate, AmountHT, NumDigitDec); });
   }
 
-  HRESULT STDMETHODCALLTYPE DLL_GetAmountTVA(double, double, BSTR, BYTE, double*) noexcept override {
-    return not_available();
+  HRESULT STDMETHODCALLTYPE DLL_GetAmountTVA(double VATRate, double Amount, BSTR sTypeTarif, BYTE NumDigitDec,
+                                             double* Resultat) noexcept override {
+    return answer(Resultat, [&] { return vat_of_amount(VATRate, Amount, view(sTypeTarif), NumDigitDec); });
   }
 
   HRESULT STDMETHODCALLTYPE DoubleToDuree(double*, BSTR*, SAFEARRAY**, BSTR*) noexcept override {
@@ -68,7 +74,9 @@ class Outil final : public ClassObject<::_Outil> {
     return not_available();
   }
 
-  HRESULT STDMETHODCALLTYPE ObjFromPtr(long, IDispatch**) noexcept override { return not_available(); }
+  HRESULT STDMETHODCALLTYPE ObjFromPtr(long pObj, IDispatch** Resultat) noexcept override {
+    return answer(Resultat, [&] { return object_at(pObj); });
+  }
 
   HRESULT STDMETHODCALLTYPE SetLabelHauteur(IDispatch*, BSTR, VARIANT, VARIANT, VARIANT) noexcept override {
     return not_available();

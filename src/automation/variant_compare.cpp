@@ -1,0 +1,143 @@
+#include "automation/variant_compare.h"
+
+#include <string_view>
+
+#include "automation/fault.h"
+
+namespace velmosav {
+namespace {
+
+/// A cell without its references.
+struct Cell {
+  explicit Cell(const VARIANT& value) : type(value.vt), data(&value.lVal) {
+    if (type == (VT_BYREF | VT_VARIANT)) {
+      const VARIANT& inner = dereferenced(value);
+      type = inner.vt;
+      data = &inner.lVal;
+      if (type & VT_BYREF) data = inner.byref;
+    } else if (type & VT_BYREF) {
+      data = value.byref;
+    }
+    type = static_cast<VARTYPE>(type & ~VT_BYREF);
+  }
+
+  template <class T>
+  [[nodiscard]] T as() const noexcept {
+    return *static_cast<const T*>(data);
+  }
+  [[nodiscard]] std::wstring_view text() const noexcept { return view(as<BSTR>()); }
+
+  VARTYPE type;
+  const void* data;
+};
+
+/// The value as a double when it says all; false for texts, wide integers, decimals and what is no number.
+bool exact_double(const Cell& cell, double& number) noexcept {
+  switch (cell.type) {
+    case VT_I1:
+      number = cell.as<signed char>();
+      return true;
+    case VT_UI1:
+      number = cell.as<BYTE>();
+      return true;
+    case VT_I2:
+    case VT_BOOL:
+      number = cell.as<short>();
+      return true;
+    case VT_UI2:
+      number = cell.as<unsigned short>();
+      return true;
+    case VT_I4:
+    case VT_INT:
+      number = cell.as<long>();
+      return true;
+    case VT_UI4:
+    case VT_UINT:
+      number = cell.as<unsigned long>();
+      return true;
+    case VT_R4:
+      number = cell.as<float>();
+      return number == number;
+    case VT_R8:
+    case VT_DATE:
+      number = cell.as<double>();
+      return number == number;
+    case VT_CY: {
+      constexpr long long kWhole = 10000;
+      const long long scaled = cell.as<CY>().int64;
+      if (scaled % kWhole != 0 || scaled / kWhole > (1LL << 52) || scaled / kWhole < -(1LL << 52)) return false;
+      number = static_cast<double>(scaled / kWhole);
+      return true;
+    }
+    default:
+      return false;
+  }
+}
+
+bool is_numeric(VARTYPE type) noexcept {
+  switch (type) {
+    case VT_I1:
+    case VT_UI1:
+    case VT_I2:
+    case VT_UI2:
+    case VT_BOOL:
+    case VT_I4:
+    case VT_UI4:
+    case VT_INT:
+    case VT_UINT:
+    case VT_I8:
+    case VT_UI8:
+    case VT_R4:
+    case VT_R8:
+    case VT_DATE:
+    case VT_CY:
+    case VT_DECIMAL:
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool is_value(VARTYPE type) noexcept { return type == VT_EMPTY || type == VT_BSTR || is_numeric(type); }
+
+bool platform_equal(const VARIANT& left, const VARIANT& right) {
+  const HRESULT order = VarCmp(const_cast<VARIANT*>(&left), const_cast<VARIANT*>(&right), LOCALE_USER_DEFAULT, 0);
+  if (FAILED(order)) check_conversion(order);
+  return order == VARCMP_EQ;
+}
+
+}  // namespace
+
+bool equal_values(const VARIANT& left, const VARIANT& right) {
+  const Cell a(left);
+  const Cell b(right);
+  if (a.type == VT_NULL || b.type == VT_NULL) raise(Fault::InvalidUseOfNull);
+  if (!is_value(a.type) || !is_value(b.type)) raise(Fault::TypeMismatch);
+  if (a.type == VT_BSTR || b.type == VT_BSTR) {
+    if (a.type == VT_EMPTY) return b.text().empty();
+    if (b.type == VT_EMPTY) return a.text().empty();
+    return a.type == b.type && a.text() == b.text();
+  }
+  double x = 0;
+  double y = 0;
+  if ((a.type == VT_EMPTY || exact_double(a, x)) && (b.type == VT_EMPTY || exact_double(b, y))) return x == y;
+  return platform_equal(dereferenced(left), dereferenced(right));
+}
+
+KeyKind key_kind(const VARIANT& value) noexcept {
+  const Cell cell(value);
+  double number = 0;
+  if (cell.type == VT_BSTR) return KeyKind::Text;
+  return exact_double(cell, number) ? KeyKind::Number : KeyKind::Other;
+}
+
+std::size_t key_hash(const VARIANT& value) noexcept {
+  const Cell cell(value);
+  if (cell.type == VT_BSTR) return std::hash<std::wstring_view>{}(cell.text());
+  double number = 0;
+  exact_double(cell, number);
+  if (number == 0) number = 0;  // one zero
+  return std::hash<double>{}(number);
+}
+
+}  // namespace velmosav
