@@ -46,7 +46,7 @@ HostMember::HostMember(IDispatch* object, const wchar_t* name) : object_(object)
   const HRESULT code = object->GetIDsOfNames(IID_NULL, &names, 1, LOCALE_USER_DEFAULT, &id_);
   if (SUCCEEDED(code)) return;
   ComPtr<IDispatchEx> extended;
-  if (SUCCEEDED(object->QueryInterface(IID_IDispatchEx, extended.receive_void()))) {
+  if (SUCCEEDED(object->QueryInterface(__uuidof(IDispatchEx), extended.receive_void()))) {
     Bstr member{std::wstring_view(name)};
     if (SUCCEEDED(extended->GetDispID(member.get(), fdexNameCaseInsensitive, &id_))) {
       extended_ = ComPtr<IDispatch>::attach(extended.detach());

@@ -25,6 +25,11 @@ class TextConstant {
   operator std::wstring_view() const noexcept { return view(); }
 
   void assign(Bstr text) noexcept { text.swap(assigned_); }
+  /// Back to a literal.
+  void reset(const wchar_t* literal) noexcept {
+    assign(Bstr());
+    literal_ = literal;
+  }
 
  private:
   const wchar_t* literal_;

@@ -29,12 +29,13 @@ class InvoiceGrid {
   SAFEARRAY** array_;
 };
 
-/// True when two rows go onto the same invoice: customer, price list, representative and VAT format are equal.
-/// Fault 94 when a key cell is Null.
+/// True when two rows go onto the same invoice: customer, price list, representative and VAT format are
+/// equal. Fault 94 when a key cell is Null.
 bool same_invoice(const InvoiceGrid& grid, long row, long other);
 
 /// Groups the ticked rows of the grid by invoice, each group where its first row stood, and drops all others.
-/// `invoice_type`: rows of this document type are left out. Fault 9 when no row is left: the grid is unchanged.
+/// `invoice_type`: rows of this document type are left out. Fault 9 when no row is left: the grid is
+/// unchanged.
 void group_by_invoice(const InvoiceGrid& grid, std::wstring_view invoice_type);
 
 }  // namespace velmosav

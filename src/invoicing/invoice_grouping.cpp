@@ -1,7 +1,7 @@
 // Grouping the ticked rows of the grid. Rows are moved, never copied.
 //
-// Keys that are texts or plain numbers are grouped by hashing, in one pass. Other keys (Empty equals both "" and 0,
-// Null faults) are compared pair by pair, in the order of the rows.
+// Keys that are texts or plain numbers are grouped by hashing, in one pass. Other keys (Empty equals both ""
+// and 0, Null faults) are compared pair by pair, in the order of the rows.
 #include <bit>
 #include <vector>
 

@@ -1,6 +1,8 @@
 // The XML invoice of a contract or an intervention.
 #include <new>
 
+#include "invoicing/invoice_header.h"
+#include "invoicing/invoice_lines.h"
 #include "object/class_object.h"
 
 namespace velmosav {
@@ -11,26 +13,69 @@ class InvoiceXMLLib final : public ClassObject<::_InvoiceXMLLib> {
 #include "object/constant_properties.h"
 #include "constants/InvoiceXMLLib.def"
 
-  HRESULT STDMETHODCALLTYPE SetHeadInvoiceXML_ByCtt(Type_Contrat*, BSTR, BSTR, BSTR, BSTR, VARIANT,
-                                                    BSTR*) noexcept override {
-    return not_available();
+  HRESULT STDMETHODCALLTYPE SetHeadInvoiceXML_ByCtt(Type_Contrat* Ctt, BSTR sLib, BSTR sXml, BSTR sCodeFact,
+                                                    BSTR sDate, VARIANT sVend,
+                                                    BSTR* Resultat) noexcept override {
+    return answer(Resultat, [&] {
+      const Type_Contrat& contract = required(Ctt);
+      const Bstr given = is_missing(sVend) ? Bstr() : to_text(sVend);
+      const InvoiceHeader header{view(sCodeFact),
+                                 view(sDate),
+                                 view(contract.CodeClient),
+                                 is_missing(sVend) ? view(contract.Vendeur) : trim(given.view()),
+                                 view(contract.ModReg),
+                                 view(sLib),
+                                 L"CONTRAT",
+                                 view(contract.Code),
+                                 site_address(contract),
+                                 header_address(contract.Adr)};
+      return add_invoice_header(constants_, header, view(sXml));
+    });
   }
 
-  HRESULT STDMETHODCALLTYPE SetHeadInvoiceXML_ByInt(Type_Bon*, BSTR, Type_AdresseTiers*, BSTR, BSTR, BSTR,
-                                                    BSTR*) noexcept override {
-    return not_available();
+  HRESULT STDMETHODCALLTYPE SetHeadInvoiceXML_ByInt(Type_Bon* Interv, BSTR sLib, Type_AdresseTiers* AdrFact,
+                                                    BSTR sXml, BSTR sCodeFact, BSTR sDate,
+                                                    BSTR* Resultat) noexcept override {
+    return answer(Resultat, [&] {
+      const Type_Bon& intervention = required(Interv);
+      const InvoiceHeader header{view(sCodeFact),
+                                 view(sDate),
+                                 view(intervention.CodeClient),
+                                 {},
+                                 {},
+                                 view(sLib),
+                                 L"INTERVENTION",
+                                 view(intervention.Code),
+                                 header_address(intervention.Adr),
+                                 header_address(required(AdrFact))};
+      return add_invoice_header(constants_, header, view(sXml));
+    });
   }
 
-  HRESULT STDMETHODCALLTYPE InitConstXML() noexcept override { return not_available(); }
-
-  HRESULT STDMETHODCALLTYPE AddIntervToInvoiceXML(Type_Bon*, BSTR, long, BSTR, short*,
-                                                  BSTR*) noexcept override {
-    return not_available();
+  HRESULT STDMETHODCALLTYPE InitConstXML() noexcept override {
+    return perform([&] {
+#define CONSTANT(dispid, type, name, value, help) constants_.m_##name.reset(INITIAL_##type(value));
+#include "constants/InvoiceXMLLib.def"
+    });
   }
 
-  HRESULT STDMETHODCALLTYPE AddCttToInvoiceXML(Type_Contrat*, short, BSTR, long, short*,
-                                               BSTR*) noexcept override {
-    return not_available();
+  HRESULT STDMETHODCALLTYPE AddIntervToInvoiceXML(Type_Bon* Interv, BSTR sXml, long lPtrTva,
+                                                  BSTR sValFacToCmpr, short* iNumLig,
+                                                  BSTR* Resultat) noexcept override {
+    return answer(Resultat, [&] {
+      short first = 0;
+      return add_intervention_lines(constants_, required(Interv), view(sXml), lPtrTva, view(sValFacToCmpr),
+                                    iNumLig ? *iNumLig : first);
+    });
+  }
+
+  HRESULT STDMETHODCALLTYPE AddCttToInvoiceXML(Type_Contrat* Ctt, short iCad, BSTR sXml, long lPtrTva,
+                                               short* iNumLig, BSTR* Resultat) noexcept override {
+    return answer(Resultat, [&] {
+      short first = 0;
+      return add_instalment_lines(constants_, required(Ctt), iCad, view(sXml), lPtrTva,
+                                  iNumLig ? *iNumLig : first);
+    });
   }
 
  private:

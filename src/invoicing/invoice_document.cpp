@@ -1,0 +1,128 @@
+#include "invoicing/invoice_document.h"
+
+#include "automation/fault.h"
+#include "automation/variant.h"
+
+namespace velmosav {
+namespace {
+
+/// The DOM in use: the first that is registered, decided once per process.
+const CLSID& dom_class() {
+  struct Choice {
+    CLSID clsid;
+    bool found;
+  };
+  static const Choice choice = [] {
+    for (const wchar_t* version :
+         {L"MSXML2.DOMDocument.4.0", L"MSXML2.DOMDocument.6.0", L"MSXML2.DOMDocument.3.0"}) {
+      CLSID clsid;
+      if (SUCCEEDED(CLSIDFromProgID(version, &clsid))) return Choice{clsid, true};
+    }
+    return Choice{CLSID_NULL, false};
+  }();
+  if (!choice.found) raise(Fault::CannotCreateObject);
+  return choice.clsid;
+}
+
+ComPtr<IXMLDOMDocument2> create_document() {
+  ComPtr<IXMLDOMDocument2> document;
+  check(CoCreateInstance(dom_class(), nullptr, CLSCTX_INPROC_SERVER, IID_IXMLDOMDocument2,
+                         document.receive_void()));
+  check(document->put_async(VARIANT_FALSE));
+  check(document->put_validateOnParse(VARIANT_FALSE));
+  check(document->put_resolveExternals(VARIANT_FALSE));
+  check(document->put_preserveWhiteSpace(VARIANT_TRUE));
+  return document;
+}
+
+bool starts_with(std::wstring_view text, std::wstring_view start) {
+  return text.substr(0, start.size()) == start;
+}
+
+/// Drops everything up to and including `mark`.
+std::wstring_view after(std::wstring_view text, std::wstring_view mark) {
+  const std::size_t place = text.find(mark);
+  return place == std::wstring_view::npos ? std::wstring_view() : text.substr(place + mark.size());
+}
+
+/// Whether a document type declaration stands before the root element: the only place where one can stand.
+/// It is refused before the DOM sees it, whatever the DOM's version makes of entities.
+bool declares_document_type(std::wstring_view text) {
+  for (;;) {
+    const std::size_t start = text.find(L'<');
+    if (start == std::wstring_view::npos) return false;
+    text.remove_prefix(start);
+    if (starts_with(text, L"<?")) {
+      text = after(text, L"?>");
+    } else if (starts_with(text, L"<!--")) {
+      text = after(text, L"-->");
+    } else {
+      return starts_with(text, L"<!");
+    }
+  }
+}
+
+}  // namespace
+
+InvoiceDocument::InvoiceDocument(const InvoiceXMLLibConstants& names, std::wstring_view xml)
+    : names_(names), document_(create_document()) {
+  if (xml.empty()) {
+    root_ = make_element(names_.m_pc_XInv_INV);
+  } else if (!declares_document_type(xml)) {
+    load(xml);
+  }
+}
+
+void InvoiceDocument::load(std::wstring_view xml) {
+  const Bstr text(xml);
+  VARIANT_BOOL loaded = VARIANT_FALSE;
+  check(document_->loadXML(text.get(), &loaded));
+  if (!loaded) return;
+  const Bstr name(names_.m_pc_XInv_INV.view());
+  ComPtr<IXMLDOMNode> node;
+  check(document_->selectSingleNode(name.get(), node.receive()));
+  if (node) check(node->QueryInterface(IID_IXMLDOMElement, root_.receive_void()));
+}
+
+XmlElement InvoiceDocument::make_element(std::wstring_view name, std::wstring_view text) const {
+  const Bstr tag(name);
+  XmlElement element;
+  check(document_->createElement(tag.get(), element.receive()));
+  if (!text.empty()) {
+    const Bstr content(text);
+    check(element->put_text(content.get()));
+  }
+  return element;
+}
+
+void InvoiceDocument::append(const XmlElement& parent, const XmlElement& child) const {
+  check(parent->appendChild(child.get(), nullptr));
+}
+
+void InvoiceDocument::add_element(const XmlElement& parent, std::wstring_view name,
+                                  std::wstring_view text) const {
+  append(parent, make_element(name, text));
+}
+
+void InvoiceDocument::add_attribute(const XmlElement& element, std::wstring_view name,
+                                    std::wstring_view text) const {
+  const Bstr attribute(name);
+  const Variant value{Bstr(text)};
+  check(element->setAttribute(attribute.get(), value.get()));
+}
+
+void InvoiceDocument::add_origin(const XmlElement& parent, std::wstring_view code,
+                                 std::wstring_view type) const {
+  const XmlElement origin = make_element(names_.m_pc_XInv_ORIGINE, code);
+  add_attribute(origin, names_.m_pc_XInv_TYPE, type);
+  append(parent, origin);
+}
+
+Bstr InvoiceDocument::text() const {
+  Bstr xml;
+  check(root_->get_xml(xml.receive()));
+  const std::wstring_view trimmed = trim(xml.view());
+  return trimmed.size() == xml.view().size() ? std::move(xml) : Bstr(trimmed);
+}
+
+}  // namespace velmosav
