@@ -65,8 +65,10 @@ bool exact_double(const Cell& cell, double& number) noexcept {
     case VT_CY: {
       constexpr long long kWhole = 10000;
       const long long scaled = cell.as<CY>().int64;
-      if (scaled % kWhole != 0 || scaled / kWhole > (1LL << 52) || scaled / kWhole < -(1LL << 52)) return false;
-      number = static_cast<double>(scaled / kWhole);
+      if (scaled % kWhole != 0 || scaled / kWhole > (1LL << 52) || scaled / kWhole < -(1LL << 52))
+        return false;
+      const long long whole = scaled / kWhole;
+      number = static_cast<double>(whole);
       return true;
     }
     default:
@@ -101,7 +103,8 @@ bool is_numeric(VARTYPE type) noexcept {
 bool is_value(VARTYPE type) noexcept { return type == VT_EMPTY || type == VT_BSTR || is_numeric(type); }
 
 bool platform_equal(const VARIANT& left, const VARIANT& right) {
-  const HRESULT order = VarCmp(const_cast<VARIANT*>(&left), const_cast<VARIANT*>(&right), LOCALE_USER_DEFAULT, 0);
+  const HRESULT order =
+      VarCmp(const_cast<VARIANT*>(&left), const_cast<VARIANT*>(&right), LOCALE_USER_DEFAULT, 0);
   if (FAILED(order)) check_conversion(order);
   return order == VARCMP_EQ;
 }

@@ -1,5 +1,5 @@
-// Equality of two cells of a grid by the run-time's rules: texts exactly, numbers by value (whatever their types),
-// Empty equal to "" and to 0, a number and a text never equal.
+// Equality of two cells of a grid by the run-time's rules: texts exactly, numbers by value (whatever their
+// types), Empty equal to "" and to 0, a number and a text never equal.
 #pragma once
 
 #include <cstdint>

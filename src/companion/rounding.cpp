@@ -11,7 +11,8 @@ namespace {
 
 constexpr int kDigits = 15;
 
-/// Adds one to the last of `count` decimal digits; true when the number grew by a digit ("99" is now "10" + 0).
+/// Adds one to the last of `count` decimal digits; true when the number grew by a digit ("99" is now "10" +
+/// 0).
 bool increment(char* digits, int count) {
   for (int i = count - 1; i >= 0; --i) {
     if (digits[i] != '9') {
@@ -32,9 +33,9 @@ double round_amount(double value, short decimals) {
 
   // d.dddddddddddddde+xx
   char text[40];
-  const auto end = std::to_chars(text, text + sizeof text, std::fabs(value), std::chars_format::scientific,
-                                 kDigits - 1)
-                       .ptr;
+  const auto end =
+      std::to_chars(text, text + sizeof text, std::fabs(value), std::chars_format::scientific, kDigits - 1)
+          .ptr;
   char digits[kDigits + 8];
   digits[0] = text[0];
   for (int i = 1; i < kDigits; ++i) digits[i] = text[i + 1];

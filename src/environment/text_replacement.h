@@ -5,8 +5,8 @@
 
 namespace velmosav {
 
-/// Replaces every occurrence of `searched`, ignoring case; what the replacement brings in is not searched again,
-/// and the rest keeps its case. An empty `searched` changes nothing.
+/// Replaces every occurrence of `searched`, ignoring case; what the replacement brings in is not searched
+/// again, and the rest keeps its case. An empty `searched` changes nothing.
 void replace_ignoring_case(BSTR& text, std::wstring_view searched, std::wstring_view replacement);
 
 }  // namespace velmosav

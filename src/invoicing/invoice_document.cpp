@@ -24,9 +24,9 @@ const CLSID& dom_class() {
   return choice.clsid;
 }
 
-ComPtr<IXMLDOMDocument2> create_document() {
-  ComPtr<IXMLDOMDocument2> document;
-  check(CoCreateInstance(dom_class(), nullptr, CLSCTX_INPROC_SERVER, IID_IXMLDOMDocument2,
+ComPtr<IXMLDOMDocument> create_document() {
+  ComPtr<IXMLDOMDocument> document;
+  check(CoCreateInstance(dom_class(), nullptr, CLSCTX_INPROC_SERVER, IID_IXMLDOMDocument,
                          document.receive_void()));
   check(document->put_async(VARIANT_FALSE));
   check(document->put_validateOnParse(VARIANT_FALSE));

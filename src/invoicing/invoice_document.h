@@ -42,7 +42,7 @@ class InvoiceDocument {
   void load(std::wstring_view xml);
 
   const InvoiceXMLLibConstants& names_;
-  ComPtr<IXMLDOMDocument2> document_;
+  ComPtr<IXMLDOMDocument> document_;
   XmlElement root_;
 };
 

@@ -11,16 +11,15 @@ constexpr unsigned hexadecimal(char digit) {
 
 /// Reads an identifier as the lists write it: F18D4D65-1FD1-42FC-A2A1-B2FBF40B948C.
 constexpr GUID identifier_of(const char* text) {
-  unsigned char bytes[16] = {};
+  unsigned bytes[16] = {};
   for (unsigned count = 0; count < 16; text += *text == '-' ? 1 : 2) {
-    if (*text != '-')
-      bytes[count++] = static_cast<unsigned char>(hexadecimal(text[0]) * 16 + hexadecimal(text[1]));
+    if (*text != '-') bytes[count++] = hexadecimal(text[0]) * 16 + hexadecimal(text[1]);
   }
   GUID id{};
-  id.Data1 = static_cast<unsigned long>(bytes[0]) << 24 | bytes[1] << 16 | bytes[2] << 8 | bytes[3];
+  id.Data1 = bytes[0] << 24 | bytes[1] << 16 | bytes[2] << 8 | bytes[3];
   id.Data2 = static_cast<unsigned short>(bytes[4] << 8 | bytes[5]);
   id.Data3 = static_cast<unsigned short>(bytes[6] << 8 | bytes[7]);
-  for (int i = 0; i < 8; ++i) id.Data4[i] = bytes[8 + i];
+  for (int i = 0; i < 8; ++i) id.Data4[i] = static_cast<unsigned char>(bytes[8 + i]);
   return id;
 }
 

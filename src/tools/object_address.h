@@ -5,8 +5,8 @@
 
 namespace velmosav {
 
-/// A new reference on the object at `address`; none for 0. An address where no object can be is recognised by what
-/// the memory there holds (a readable vtable of code addresses) and answered with fault 91.
+/// A new reference on the object at `address`; none for 0. An address where no object can be is recognised by
+/// what the memory there holds (a readable vtable of code addresses) and answered with fault 91.
 ComPtr<IDispatch> object_at(long address);
 
 }  // namespace velmosav
