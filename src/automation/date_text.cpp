@@ -217,4 +217,19 @@ DATE today() noexcept {
   return static_cast<DATE>(serial_of(year(now.wYear) / month(now.wMonth) / day(now.wDay)));
 }
 
+int calendar_year(DATE date) noexcept { return int(calendar_day(static_cast<long long>(date)).year()); }
+
+int calendar_month(DATE date) noexcept {
+  return static_cast<int>(unsigned(calendar_day(static_cast<long long>(date)).month()));
+}
+
+int calendar_day_of_month(DATE date) noexcept {
+  return static_cast<int>(unsigned(calendar_day(static_cast<long long>(date)).day()));
+}
+
+int weekday(DATE date) noexcept {
+  const std::chrono::weekday day(kEpoch + days(static_cast<long long>(date)));
+  return static_cast<int>(day.c_encoding()) + 1;
+}
+
 }  // namespace velmosav

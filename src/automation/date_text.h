@@ -35,4 +35,11 @@ long long days_between(std::wstring_view from, std::wstring_view to);
 /// Today, without time of day.
 DATE today() noexcept;
 
+/// Parts of a date.
+int calendar_year(DATE date) noexcept;
+int calendar_month(DATE date) noexcept;
+int calendar_day_of_month(DATE date) noexcept;
+/// 1 = Sunday to 7 = Saturday.
+int weekday(DATE date) noexcept;
+
 }  // namespace velmosav

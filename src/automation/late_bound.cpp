@@ -40,6 +40,19 @@ struct ExceptionInformation : EXCEPINFO {
 
 }  // namespace
 
+ComPtr<IDispatch> create_object(const wchar_t* prog_id) {
+  CLSID clsid;
+  ComPtr<IDispatch> object;
+  HRESULT code = CLSIDFromProgID(prog_id, &clsid);
+  if (SUCCEEDED(code)) {
+    code = CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER, IID_IDispatch,
+                            object.receive_void());
+  }
+  if (code == E_OUTOFMEMORY) raise(code);
+  if (FAILED(code)) raise(Fault::CannotCreateObject);
+  return object;
+}
+
 HostMember::HostMember(IDispatch* object, const wchar_t* name) : object_(object) {
   if (!object) raise(Fault::ObjectNotSet);
   auto* names = const_cast<wchar_t*>(name);

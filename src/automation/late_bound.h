@@ -14,6 +14,9 @@
 
 namespace velmosav {
 
+/// A new object by its ProgID; fault 429 when it cannot be created.
+ComPtr<IDispatch> create_object(const wchar_t* prog_id);
+
 /// A member of a host's object, looked up once. Borrows the object.
 class HostMember {
  public:

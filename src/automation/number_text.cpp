@@ -32,4 +32,24 @@ Bstr whole_number_text(long value) {
   return text;
 }
 
+double leading_number(std::wstring_view text) noexcept {
+  const std::size_t start = text.find_first_not_of(L' ');
+  if (start == std::wstring_view::npos) return 0;
+  text.remove_prefix(start);
+  const bool negative = text.front() == L'-';
+  if (negative || text.front() == L'+') text.remove_prefix(1);
+  // The part that can be a number, in the reader's characters; longer numbers say nothing more.
+  char plain[400];
+  std::size_t length = 0;
+  constexpr std::wstring_view kParts = L"0123456789.eE+-";
+  while (length < text.size() && length < sizeof plain &&
+         kParts.find(text[length]) != std::wstring_view::npos) {
+    plain[length] = static_cast<char>(text[length]);
+    ++length;
+  }
+  double value = 0;
+  if (length > 0 && plain[0] != '-' && plain[0] != '+') std::from_chars(plain, plain + length, value);
+  return negative ? -value : value;
+}
+
 }  // namespace velmosav

@@ -5,6 +5,8 @@
 #include "contracts/billing_schedule.h"
 #include "contracts/contract_amounts.h"
 #include "contracts/contract_interventions.h"
+#include "contracts/contract_sites.h"
+#include "contracts/popup_menu.h"
 #include "object/class_object.h"
 
 namespace velmosav {
@@ -128,51 +130,83 @@ class ContratDoc final : public ClassObject<::_ContratDoc> {
     return answer(Resultat, [&] { return scheduled_intervention_count(required(Contrat)); });
   }
 
-  HRESULT STDMETHODCALLTYPE FirstIntervSite(Type_Contrat*, short*, VARIANT_BOOL*, VARIANT_BOOL*,
-                                            short*) noexcept override {
-    return not_available();
+  HRESULT STDMETHODCALLTYPE FirstIntervSite(Type_Contrat* Contrat, short* NumInterv, VARIANT_BOOL* Suiv,
+                                            VARIANT_BOOL* Prec, short* Resultat) noexcept override {
+    return answer(Resultat, [&] {
+      VARIANT_BOOL not_given = VARIANT_FALSE;
+      return first_of_site(required(Contrat), required(NumInterv), Suiv && *Suiv, Prec ? *Prec : not_given);
+    });
   }
 
-  HRESULT STDMETHODCALLTYPE GetNumSite_Dll(Type_Contrat*, short*, short*) noexcept override {
-    return not_available();
+  HRESULT STDMETHODCALLTYPE GetNumSite_Dll(Type_Contrat* Contrat, short* NumInterv,
+                                           short* Resultat) noexcept override {
+    return answer(Resultat, [&] { return site_group_of(required(Contrat), required(NumInterv)); });
   }
 
-  HRESULT STDMETHODCALLTYPE GetIndByNumSite(Type_Contrat*, short*, short*) noexcept override {
-    return not_available();
+  HRESULT STDMETHODCALLTYPE GetIndByNumSite(Type_Contrat* Contrat, short* Num,
+                                            short* Resultat) noexcept override {
+    return answer(Resultat, [&] { return first_of_site_group(required(Contrat), required(Num)); });
   }
 
-  HRESULT STDMETHODCALLTYPE CheckDateInterCtt(short, Type_Contrat*, VARIANT_BOOL*) noexcept override {
-    return not_available();
+  HRESULT STDMETHODCALLTYPE CheckDateInterCtt(short iNumInt, Type_Contrat* Contrat,
+                                              VARIANT_BOOL* Resultat) noexcept override {
+    return answer(Resultat, [&] { return correct_intervention_dates(required(Contrat), iNumInt); });
   }
 
-  HRESULT STDMETHODCALLTYPE CheckLibInterCtt(Type_Contrat*, VARIANT*, VARIANT_BOOL*) noexcept override {
-    return not_available();
+  HRESULT STDMETHODCALLTYPE CheckLibInterCtt(Type_Contrat* Contrat, VARIANT* ind,
+                                             VARIANT_BOOL* Resultat) noexcept override {
+    return answer(Resultat, [&] {
+      const auto clash = clashing_label(required(Contrat));
+      if (clash && !is_missing(ind)) store_variable(*ind, Variant(narrow_to_short(*clash)));
+      return !clash;
+    });
   }
 
-  HRESULT STDMETHODCALLTYPE ListeSitesCttSQL(Type_Contrat*, BSTR*) noexcept override {
-    return not_available();
+  HRESULT STDMETHODCALLTYPE ListeSitesCttSQL(Type_Contrat* Ctt, BSTR* Resultat) noexcept override {
+    return answer(Resultat, [&] { return site_list(required(Ctt)); });
   }
 
-  HRESULT STDMETHODCALLTYPE IsInfosIntervModifiable(Type_Contrat*, VARIANT, VARIANT_BOOL*) noexcept override {
-    return not_available();
+  HRESULT STDMETHODCALLTYPE IsInfosIntervModifiable(Type_Contrat* Doc, VARIANT NumInt,
+                                                    VARIANT_BOOL* Resultat) noexcept override {
+    return answer(Resultat,
+                  [&] { return is_modifiable(required(Doc), is_missing(NumInt) ? -1 : to_long(NumInt)); });
   }
 
-  HRESULT STDMETHODCALLTYPE CheckPreavisDocCtt(Type_Contrat*, VARIANT_BOOL, VARIANT_BOOL*) noexcept override {
-    return not_available();
+  HRESULT STDMETHODCALLTYPE CheckPreavisDocCtt(Type_Contrat* Contrat, VARIANT_BOOL bCourr,
+                                               VARIANT_BOOL* Resultat) noexcept override {
+    return answer(Resultat, [&] { return notice_fits(required(Contrat), bCourr != VARIANT_FALSE); });
   }
 
   HRESULT STDMETHODCALLTYPE RazDocCtt(Type_Contrat* Doc) noexcept override {
     return perform([&] { clear_lists(required(Doc)); });
   }
 
-  HRESULT STDMETHODCALLTYPE OpenPopupMenu_CttInterv(IDispatch**, VARIANT_BOOL, VARIANT_BOOL, VARIANT_BOOL,
-                                                    IndMenuPop*) noexcept override {
-    return not_available();
+  HRESULT STDMETHODCALLTYPE OpenPopupMenu_CttInterv(IDispatch** Btn, VARIANT_BOOL bVisibOptListe,
+                                                    VARIANT_BOOL bVisibOptCreer, VARIANT_BOOL bVisibOptSupp,
+                                                    IndMenuPop* Resultat) noexcept override {
+    return answer(Resultat, [&] {
+      const MenuEntry entries[] = {
+          {bVisibOptListe != VARIANT_FALSE, L"Liste des interventions", IndMenuPop_Liste, true},
+          {bVisibOptCreer != VARIANT_FALSE, L"Créer une intervention", IndMenuPop_Creer},
+          {bVisibOptSupp != VARIANT_FALSE, L"Supprimer l'intervention", IndMenuPop_Supprimer}};
+      return choose_from_menu(required(Btn), entries);
+    });
   }
 
-  HRESULT STDMETHODCALLTYPE OpenPopupMenu_CttSite(IDispatch**, VARIANT_BOOL, VARIANT_BOOL, VARIANT_BOOL,
-                                                  VARIANT_BOOL, IndMenuPop*) noexcept override {
-    return not_available();
+  HRESULT STDMETHODCALLTYPE OpenPopupMenu_CttSite(IDispatch** Btn, VARIANT_BOOL bVisibOptListe,
+                                                  VARIANT_BOOL bVisibOptAjtSite,
+                                                  VARIANT_BOOL bVisibOptRemplSite,
+                                                  VARIANT_BOOL bVisibOptExclure,
+                                                  IndMenuPop* Resultat) noexcept override {
+    return answer(Resultat, [&] {
+      // Excluding a site has no value of its own: it answers like a deletion.
+      const MenuEntry entries[] = {
+          {bVisibOptListe != VARIANT_FALSE, L"Liste des sites", IndMenuPop_Liste, true},
+          {bVisibOptAjtSite != VARIANT_FALSE, L"Ajouter un site", IndMenuPop_AjoutSite},
+          {bVisibOptRemplSite != VARIANT_FALSE, L"Remplacer par un site", IndMenuPop_RemplSite},
+          {bVisibOptExclure != VARIANT_FALSE, L"Exclure le site", IndMenuPop_Supprimer}};
+      return choose_from_menu(required(Btn), entries);
+    });
   }
 
  private:

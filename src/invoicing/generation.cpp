@@ -11,12 +11,12 @@ class Generation final : public ClassObject<::_Generation> {
  public:
   HRESULT STDMETHODCALLTYPE IsRuptRgrpCadFact(VARIANT* Tableau, short IndOrig, short IndComp,
                                               VARIANT_BOOL* Resultat) noexcept override {
-    return answer(Resultat, [&] { return same_invoice(InvoiceGrid(required(Tableau)), IndOrig, IndComp); });
+    return answer(Resultat, [&] { return same_invoice(VariantGrid(required(Tableau)), IndOrig, IndComp); });
   }
 
   HRESULT STDMETHODCALLTYPE RegroupementFacture(VARIANT* Tableau) noexcept override {
     return perform([&] {
-      group_by_invoice(InvoiceGrid(required(Tableau)), initial<GeneralConstants>.m_c_sTypDoc_Fact);
+      group_by_invoice(VariantGrid(required(Tableau)), initial<GeneralConstants>.m_c_sTypDoc_Fact);
     });
   }
 };

@@ -1,43 +1,10 @@
 #include "invoicing/invoice_grid.h"
 
-#include <iterator>
-
-#include "automation/array.h"
-#include "automation/variant.h"
 #include "automation/variant_compare.h"
 
 namespace velmosav {
-namespace {
 
-/// Where the argument holds its array, however often it is wrapped.
-SAFEARRAY** array_place(VARIANT& argument) {
-  VARIANT* value = &argument;
-  while (value->vt == (VT_BYREF | VT_VARIANT) && value->pvarVal) value = value->pvarVal;
-  if (value->vt == (VT_ARRAY | VT_VARIANT)) return &value->parray;
-  if (value->vt == (VT_BYREF | VT_ARRAY | VT_VARIANT) && value->pparray) return value->pparray;
-  raise(Fault::TypeMismatch);
-}
-
-}  // namespace
-
-InvoiceGrid::InvoiceGrid(VARIANT& argument) : array_(array_place(argument)) {
-  if (!upper_bound(*array_, 2) || (*array_)->cDims != 2) raise(Fault::SubscriptOutOfRange);
-  if ((*array_)->cbElements != sizeof(VARIANT)) raise(Fault::TypeMismatch);
-}
-
-long InvoiceGrid::last_row() const noexcept { return *upper_bound(*array_, 1); }
-
-VARIANT& InvoiceGrid::cell(long row, long column) const {
-  // The bounds stand last dimension first.
-  const SAFEARRAYBOUND& rows = (*array_)->rgsabound[1];
-  const SAFEARRAYBOUND& columns = (*array_)->rgsabound[0];
-  const long long i = static_cast<long long>(row) - rows.lLbound;
-  const long long j = static_cast<long long>(column) - columns.lLbound;
-  if (i < 0 || i >= rows.cElements || j < 0 || j >= columns.cElements) raise(Fault::SubscriptOutOfRange);
-  return static_cast<VARIANT*>((*array_)->pvData)[j * rows.cElements + i];
-}
-
-bool same_invoice(const InvoiceGrid& grid, long row, long other) {
+bool same_invoice(const VariantGrid& grid, long row, long other) {
   constexpr long kKeys[] = {IndTabGener_ColCodeCli, IndTabGener_ColTypeTarif, IndTabGener_ColCodeVend,
                             IndTabGener_ColFormatTVA};
   bool same = true;

@@ -20,7 +20,7 @@ constexpr long kKeys[] = {IndTabGener_ColCodeCli, IndTabGener_ColTypeTarif, IndT
 bool is_null(const VARIANT& value) { return dereferenced(value).vt == VT_NULL; }
 
 /// Ticked and of another type than the invoice; Null counts as false in either test.
-bool qualifies(const InvoiceGrid& grid, long row, std::wstring_view invoice_type) {
+bool qualifies(const VariantGrid& grid, long row, std::wstring_view invoice_type) {
   const VARIANT& type = grid.cell(row, IndTabGener_ColTypeDoc);
   const VARIANT& ticked = grid.cell(row, IndTabGener_ColSelect);
   if (is_null(type) || is_null(ticked)) return false;
@@ -30,21 +30,21 @@ bool qualifies(const InvoiceGrid& grid, long row, std::wstring_view invoice_type
   return !is_invoice && is_ticked;
 }
 
-bool has_plain_keys(const InvoiceGrid& grid, long row) {
+bool has_plain_keys(const VariantGrid& grid, long row) {
   for (const long column : kKeys) {
     if (key_kind(grid.cell(row, column)) == KeyKind::Other) return false;
   }
   return true;
 }
 
-std::size_t row_hash(const InvoiceGrid& grid, long row) {
+std::size_t row_hash(const VariantGrid& grid, long row) {
   std::size_t hash = 0;
   for (const long column : kKeys) hash = hash * 16777619U ^ key_hash(grid.cell(row, column));
   return hash ^ (hash >> 15);
 }
 
 /// The rows to keep when all of them can be hashed; false when a row needs the comparison pair by pair.
-bool find_plain_rows(const InvoiceGrid& grid, std::wstring_view invoice_type, std::vector<long>& rows) {
+bool find_plain_rows(const VariantGrid& grid, std::wstring_view invoice_type, std::vector<long>& rows) {
   bool plain = true;
   const bool evaluated = attempt([&] {
     for (long i = 0; i <= grid.last_row() && plain; ++i) {
@@ -59,7 +59,7 @@ bool find_plain_rows(const InvoiceGrid& grid, std::wstring_view invoice_type, st
 /// Each row's group, numbered in the order of their first rows.
 class Groups {
  public:
-  Groups(const InvoiceGrid& grid, std::size_t row_count)
+  Groups(const VariantGrid& grid, std::size_t row_count)
       : grid_(grid), buckets_(std::bit_ceil(2 * row_count + 1), kFree) {}
 
   std::size_t group_of(long row) {
@@ -80,13 +80,13 @@ class Groups {
  private:
   static constexpr std::size_t kFree = static_cast<std::size_t>(-1);
 
-  const InvoiceGrid& grid_;
+  const VariantGrid& grid_;
   std::vector<std::size_t> buckets_;
   std::vector<long> first_rows_;
 };
 
 /// The rows group by group; inside a group in their order of entry.
-std::vector<long> order_by_group(const InvoiceGrid& grid, const std::vector<long>& rows) {
+std::vector<long> order_by_group(const VariantGrid& grid, const std::vector<long>& rows) {
   Groups groups(grid, rows.size());
   std::vector<std::size_t> group_of(rows.size());
   for (std::size_t i = 0; i < rows.size(); ++i) group_of[i] = groups.group_of(rows[i]);
@@ -101,7 +101,7 @@ std::vector<long> order_by_group(const InvoiceGrid& grid, const std::vector<long
 
 /// Pair by pair. A row that was taken is marked with the invoice type so that it is not taken again; a fault
 /// leaves the marks set so far, the end of the walk puts the former types back.
-std::vector<long> order_pairwise(const InvoiceGrid& grid, std::wstring_view invoice_type) {
+std::vector<long> order_pairwise(const VariantGrid& grid, std::wstring_view invoice_type) {
   std::vector<long> order;
   std::vector<Variant> former_types;
   const long last = grid.last_row();
@@ -122,7 +122,7 @@ std::vector<long> order_pairwise(const InvoiceGrid& grid, std::wstring_view invo
 }
 
 /// Replaces the grid by one of the given rows and 14 columns.
-void keep_rows(const InvoiceGrid& grid, const std::vector<long>& order) {
+void keep_rows(const VariantGrid& grid, const std::vector<long>& order) {
   SAFEARRAYBOUND bounds[] = {{static_cast<ULONG>(order.size()), 0}, {kGridColumns, 0}};
   SAFEARRAY* kept = SafeArrayCreate(VT_VARIANT, 2, bounds);
   if (!kept) raise(E_OUTOFMEMORY);
@@ -135,7 +135,7 @@ void keep_rows(const InvoiceGrid& grid, const std::vector<long>& order) {
 
 }  // namespace
 
-void group_by_invoice(const InvoiceGrid& grid, std::wstring_view invoice_type) {
+void group_by_invoice(const VariantGrid& grid, std::wstring_view invoice_type) {
   std::vector<long> rows;
   const bool plain = find_plain_rows(grid, invoice_type, rows);
   if (!plain) require_resizable(grid.array());

@@ -1,0 +1,24 @@
+// The context menus of the contract screen, shown by the companion's popup-menu object.
+#pragma once
+
+#include "automation/platform.h"
+
+#include <VelmoSAV_DLL14.h>
+
+#include <span>
+
+namespace velmosav {
+
+struct MenuEntry {
+  bool shown;
+  const wchar_t* caption;
+  IndMenuPop value;
+  bool separator_after = false;
+};
+
+/// Shows the entries for a button (an object with an `hWnd`) and waits for the choice; IndMenuPop_None when
+/// the menu is dismissed. Faults: 429 without the companion object, 438 for a button without window, 13 for a
+/// strange answer.
+IndMenuPop choose_from_menu(IDispatch* button, std::span<const MenuEntry> entries);
+
+}  // namespace velmosav
