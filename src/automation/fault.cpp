@@ -16,8 +16,6 @@ const wchar_t* failure_text(HRESULT code) noexcept {
       return L"Mémoire insuffisante";
     case E_POINTER:
       return L"Adresse d'enregistrement ou de résultat absente";
-    case E_NOTIMPL:
-      return L"Cette méthode n'est pas encore disponible";
     default:
       return L"L'opération a échoué";
   }

@@ -75,13 +75,24 @@ Variant HostMember::invoke(WORD flags, Variant* arguments, std::size_t count) co
   std::reverse(arguments, arguments + count);
   static_assert(sizeof(Variant) == sizeof(VARIANT));
   DISPPARAMS parameters{count ? &arguments->get() : nullptr, nullptr, static_cast<UINT>(count), 0};
+  return invoke(flags, parameters);
+}
+
+void HostMember::put(Variant value) const {
+  DISPID named = DISPID_PROPERTYPUT;
+  DISPPARAMS parameters{&value.get(), &named, 1, 1};
+  invoke(DISPATCH_PROPERTYPUT, parameters);
+}
+
+Variant HostMember::invoke(WORD flags, DISPPARAMS& parameters) const {
   ExceptionInformation exception;
   Variant result;
-  const HRESULT code = extended_ ? static_cast<IDispatchEx*>(extended_.get())
-                                       ->InvokeEx(id_, LOCALE_USER_DEFAULT, flags, &parameters,
-                                                  result.receive(), &exception, nullptr)
-                                 : object_->Invoke(id_, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters,
-                                                   result.receive(), &exception, nullptr);
+  VARIANT* place = flags & DISPATCH_PROPERTYPUT ? nullptr : result.receive();
+  const HRESULT code =
+      extended_ ? static_cast<IDispatchEx*>(extended_.get())
+                      ->InvokeEx(id_, LOCALE_USER_DEFAULT, flags, &parameters, place, &exception, nullptr)
+                : object_->Invoke(id_, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters, place, &exception,
+                                  nullptr);
   if (code == DISP_E_EXCEPTION) raise_exception(exception);
   if (code == DISP_E_MEMBERNOTFOUND) raise(Fault::MemberNotFound);
   check(code);

@@ -31,8 +31,12 @@ class HostMember {
     return invoke(DISPATCH_METHOD | DISPATCH_PROPERTYGET, values.data(), values.size());
   }
 
+  /// Sets the property.
+  void put(Variant value) const;
+
  private:
   [[nodiscard]] Variant invoke(WORD flags, Variant* arguments, std::size_t count) const;
+  Variant invoke(WORD flags, DISPPARAMS& parameters) const;
 
   IDispatch* object_;
   ComPtr<IDispatch> extended_;  // an IDispatchEx when the name was found there
@@ -48,6 +52,8 @@ class HostObject {
   [[nodiscard]] Variant get(const wchar_t* name, Arguments&&... arguments) const {
     return HostMember(object_, name).get(std::forward<Arguments>(arguments)...);
   }
+  /// Sets a property.
+  void put(const wchar_t* name, Variant value) const { HostMember(object_, name).put(std::move(value)); }
 
  private:
   IDispatch* object_;

@@ -2,6 +2,7 @@
 #include <new>
 
 #include "automation/array.h"
+#include "documents/work_orders.h"
 #include "object/class_object.h"
 
 namespace velmosav {
@@ -13,13 +14,18 @@ class Bon final : public ClassObject<::_Bon> {
     return answer(Resultat, [&] { return count_of(required(Document).TabArticle); });
   }
 
-  HRESULT STDMETHODCALLTYPE GetDureeTotPlages(BSTR, Type_LigneRessource*, double*) noexcept override {
-    return not_available();
+  HRESULT STDMETHODCALLTYPE GetDureeTotPlages(BSTR Unite, Type_LigneRessource* Ress,
+                                              double* Resultat) noexcept override {
+    return answer(Resultat, [&] { return total_slot_time(view(Unite), required(Ress)); });
   }
 
-  HRESULT STDMETHODCALLTYPE RazTabApp(SAFEARRAY**) noexcept override { return not_available(); }
+  HRESULT STDMETHODCALLTYPE RazTabApp(SAFEARRAY** TabApp) noexcept override {
+    return perform([&] { erase_objects(required(TabApp)); });
+  }
 
-  HRESULT STDMETHODCALLTYPE RazDocInt(Type_Bon*, VARIANT_BOOL) noexcept override { return not_available(); }
+  HRESULT STDMETHODCALLTYPE RazDocInt(Type_Bon* Doc, VARIANT_BOOL bAll) noexcept override {
+    return perform([&] { clear_lists(required(Doc), bAll != VARIANT_FALSE); });
+  }
 };
 
 }  // namespace

@@ -88,11 +88,6 @@ class ClassObject : public Interface, public ISupportErrorInfo {
     return velmosav::answer(identity().name, result, body);
   }
 
-  /// A method that a later version fills in.
-  HRESULT not_available() const noexcept {
-    return perform([] { raise(E_NOTIMPL); });
-  }
-
   HRESULT read_constant(const TextConstant& constant, BSTR* place) const noexcept {
     if (place) {
       const std::wstring_view text = constant.view();

@@ -56,9 +56,22 @@ void erase_record_array(SAFEARRAY*& array, const RecordLayout& layout) {
   destroy_record_array(std::exchange(array, nullptr), layout);
 }
 
-void erase_plain_array(SAFEARRAY*& array) {
+void erase_plain_array(SAFEARRAY*& array, PlainElement kind) {
   require_resizable(array);
-  if (array) SafeArrayDestroy(std::exchange(array, nullptr));
+  if (!array) return;
+  const unsigned long count = array->pvData ? element_count(array) : 0;
+  for (unsigned long i = 0; i < count; ++i) {
+    char* place = element(array, i);
+    if (kind == PlainElement::Text && array->cbElements == sizeof(BSTR)) {
+      SysFreeString(std::exchange(*reinterpret_cast<BSTR*>(place), nullptr));
+    } else if (kind == PlainElement::Object && array->cbElements == sizeof(IDispatch*)) {
+      if (IDispatch* object = std::exchange(*reinterpret_cast<IDispatch**>(place), nullptr))
+        object->Release();
+    } else if (kind == PlainElement::Variant && array->cbElements == sizeof(VARIANT)) {
+      VariantClear(reinterpret_cast<VARIANT*>(place));
+    }
+  }
+  SafeArrayDestroy(std::exchange(array, nullptr));
 }
 
 void redim_preserve(SAFEARRAY*& array, const RecordLayout& layout, long upper) {

@@ -9,8 +9,10 @@ namespace velmosav {
 /// Frees every element and the array; the field becomes "never dimensioned".
 /// Fault 10 when the array is locked or of fixed size; nothing is changed then.
 void erase_record_array(SAFEARRAY*& array, const RecordLayout& layout);
-/// The same for an array whose elements the platform frees rightly (texts, objects, VARIANTs).
-void erase_plain_array(SAFEARRAY*& array);
+/// What an array of plain elements holds.
+enum class PlainElement { Text, Object, Variant };
+/// The same for an array of plain elements, whatever it says of them itself.
+void erase_plain_array(SAFEARRAY*& array, PlainElement kind);
 
 /// Sets the bounds 0 to `upper` and keeps the elements: those beyond are freed, new ones are zero.
 /// An array that was never dimensioned is made, with record information.

@@ -3,7 +3,12 @@
 
 #include "amounts/amount_arithmetic.h"
 #include "tools/object_address.h"
+#include "companion/companion.h"
 #include "object/class_object.h"
+#include "tools/code_lists.h"
+#include "tools/control_helpers.h"
+#include "tools/durations.h"
+#include "tools/input_formats.h"
 
 namespace velmosav {
 namespace {
@@ -30,67 +35,98 @@ class Outil final : public ClassObject<::_Outil> {
     return answer(Resultat, [&] { return vat_of_amount(VATRate, Amount, view(sTypeTarif), NumDigitDec); });
   }
 
-  HRESULT STDMETHODCALLTYPE DoubleToDuree(double*, BSTR*, SAFEARRAY**, BSTR*) noexcept override {
-    return not_available();
+  HRESULT STDMETHODCALLTYPE DoubleToDuree(double* Nombre, BSTR* UnitNombre, SAFEARRAY** TabFormat,
+                                          BSTR* Resultat) noexcept override {
+    return answer(Resultat, [&] {
+      return duration_text(required(Nombre), view(required(UnitNombre)), required(TabFormat));
+    });
   }
 
-  HRESULT STDMETHODCALLTYPE DureeToDouble(BSTR*, BSTR*, VARIANT_BOOL*, double*) noexcept override {
-    return not_available();
+  HRESULT STDMETHODCALLTYPE DureeToDouble(BSTR* Duree, BSTR* UnitNombre, VARIANT_BOOL* FlagGdeDuree,
+                                          double* Resultat) noexcept override {
+    return answer(Resultat, [&] {
+      return duration_number(view(required(Duree)), view(required(UnitNombre)),
+                             FlagGdeDuree && *FlagGdeDuree);
+    });
   }
 
-  HRESULT STDMETHODCALLTYPE SetStringForSQL(BSTR, BSTR*) noexcept override { return not_available(); }
-
-  HRESULT STDMETHODCALLTYPE ListeCodes_ConcateneCode(BSTR*, BSTR) noexcept override {
-    return not_available();
+  HRESULT STDMETHODCALLTYPE SetStringForSQL(BSTR Val, BSTR* Resultat) noexcept override {
+    return answer(Resultat, [&] { return sql_literal(view(Val)); });
   }
 
-  HRESULT STDMETHODCALLTYPE ListeCodes_GetNextCode_Token(BSTR*, BSTR*) noexcept override {
-    return not_available();
+  HRESULT STDMETHODCALLTYPE ListeCodes_ConcateneCode(BSTR* sListeCodes, BSTR sCode) noexcept override {
+    return perform([&] { append_code(required(sListeCodes), view(sCode)); });
   }
 
-  HRESULT STDMETHODCALLTYPE ListeCodes_NbCodes(BSTR, short*) noexcept override { return not_available(); }
-
-  HRESULT STDMETHODCALLTYPE ListeCodes_ExtractionCode(BSTR*, BSTR) noexcept override {
-    return not_available();
+  HRESULT STDMETHODCALLTYPE ListeCodes_GetNextCode_Token(BSTR* sListeCodes,
+                                                         BSTR* Resultat) noexcept override {
+    return answer(Resultat, [&] {
+      std::wstring_view rest = view(required(sListeCodes));
+      const std::size_t length = rest.size();
+      Bstr code(take_code(rest));
+      if (rest.size() != length) assign(*sListeCodes, rest);
+      return code;
+    });
   }
 
-  HRESULT STDMETHODCALLTYPE CheckFmtSaisNum(BSTR, double, VARIANT_BOOL*) noexcept override {
-    return not_available();
+  HRESULT STDMETHODCALLTYPE ListeCodes_NbCodes(BSTR sListeCodes, short* Resultat) noexcept override {
+    return answer(Resultat, [&] { return code_count(view(sListeCodes)); });
   }
 
-  HRESULT STDMETHODCALLTYPE CheckFmtNum(IDispatch**, VARIANT*, VARIANT_BOOL*) noexcept override {
-    return not_available();
+  HRESULT STDMETHODCALLTYPE ListeCodes_ExtractionCode(BSTR* sListeCodes, BSTR sCode) noexcept override {
+    return perform([&] { remove_code(required(sListeCodes), view(sCode)); });
   }
 
-  HRESULT STDMETHODCALLTYPE IsRacinesValides(BSTR*, BSTR*, BSTR*, VARIANT_BOOL*) noexcept override {
-    return not_available();
+  HRESULT STDMETHODCALLTYPE CheckFmtSaisNum(BSTR fmt, double Valeur,
+                                            VARIANT_BOOL* Resultat) noexcept override {
+    return answer(Resultat, [&] { return satisfies_format(view(fmt), Valeur); });
   }
 
-  HRESULT STDMETHODCALLTYPE IsCompteValide(BSTR*, BSTR, VARIANT_BOOL, VARIANT_BOOL*) noexcept override {
-    return not_available();
+  HRESULT STDMETHODCALLTYPE CheckFmtNum(IDispatch** Ctl, VARIANT* Valeur,
+                                        VARIANT_BOOL* Resultat) noexcept override {
+    return answer(Resultat, [&] { return satisfies_control_format(required(Ctl), Valeur); });
   }
 
-  HRESULT STDMETHODCALLTYPE RemplaceChamp(BSTR, BSTR, BSTR, BSTR*) noexcept override {
-    return not_available();
+  HRESULT STDMETHODCALLTYPE IsRacinesValides(BSTR* Racine, BSTR* sClasseRac, BSTR* Exclure,
+                                             VARIANT_BOOL* Resultat) noexcept override {
+    return answer(Resultat, [&] { return validate_roots(required(Racine), sClasseRac, Exclure); });
+  }
+
+  HRESULT STDMETHODCALLTYPE IsCompteValide(BSTR* Cpt, BSTR Racine, VARIANT_BOOL bModifCpt,
+                                           VARIANT_BOOL* Resultat) noexcept override {
+    return answer(Resultat,
+                  [&] { return has_root(required(Cpt), view(Racine), bModifCpt != VARIANT_FALSE); });
+  }
+
+  HRESULT STDMETHODCALLTYPE RemplaceChamp(BSTR ChampOrig, BSTR CaraRechch, BSTR CaraRempl,
+                                          BSTR* Resultat) noexcept override {
+    return answer(Resultat, [&] {
+      return companion::replace_text(view(ChampOrig), view(CaraRechch), view(CaraRempl));
+    });
   }
 
   HRESULT STDMETHODCALLTYPE ObjFromPtr(long pObj, IDispatch** Resultat) noexcept override {
     return answer(Resultat, [&] { return object_at(pObj); });
   }
 
-  HRESULT STDMETHODCALLTYPE SetLabelHauteur(IDispatch*, BSTR, VARIANT, VARIANT, VARIANT) noexcept override {
-    return not_available();
+  HRESULT STDMETHODCALLTYPE SetLabelHauteur(IDispatch* Ctl, BSTR sCaption, VARIANT lW, VARIANT lFColor,
+                                            VARIANT bFBold) noexcept override {
+    return perform([&] { fit_label(Ctl, view(sCaption), lW, lFColor, bFBold); });
   }
 
-  HRESULT STDMETHODCALLTYPE SetRegionStdBout(IDispatch**) noexcept override { return not_available(); }
-
-  HRESULT STDMETHODCALLTYPE GetValScrollSurvol(IDispatch**, short*, short*, VARIANT*) noexcept override {
-    return not_available();
+  HRESULT STDMETHODCALLTYPE SetRegionStdBout(IDispatch** Bt) noexcept override {
+    return perform([&] { cut_button_corners(required(Bt)); });
   }
 
-  HRESULT STDMETHODCALLTYPE GestionColQte(IDispatch**, BSTR, BYTE, BSTR, BSTR,
-                                          VARIANT_BOOL) noexcept override {
-    return not_available();
+  HRESULT STDMETHODCALLTYPE GetValScrollSurvol(IDispatch** SC, short* IndLig, short* indcol,
+                                               VARIANT* Resultat) noexcept override {
+    return answer(Resultat, [&] { return value_under_mouse(required(SC), IndLig, indcol); });
+  }
+
+  HRESULT STDMETHODCALLTYPE GestionColQte(IDispatch** Col, BSTR, BYTE NbDec, BSTR Posit, BSTR,
+                                          VARIANT_BOOL bFmtAffEmpty) noexcept override {
+    return perform(
+        [&] { set_up_quantity_column(required(Col), NbDec, view(Posit), bFmtAffEmpty != VARIANT_FALSE); });
   }
 };
 

@@ -1,0 +1,23 @@
+// Coverage lists: the covered (or excluded) articles of a contract, guarantee or intervention.
+#pragma once
+
+#include "automation/platform.h"
+
+#include <VelmoSAV_DLL14.h>
+
+#include <string_view>
+
+namespace velmosav {
+
+/// Every field of a line empty or 0.
+void clear_line(Type_LigneCouverture& line);
+
+/// Inserts an empty line before `index` (beyond the end: at the end); the lines behind it move. Fault 9 for a
+/// negative index or a list that was never dimensioned, 10 for a locked one; the record is unchanged then.
+void insert_line(Type_Couverture& coverage, double index);
+
+/// Whether an article stands in the list on another line than `excluded`; codes without outer blanks,
+/// exactly. An empty article is never there.
+bool contains_article(const Type_Couverture& coverage, std::wstring_view article, double excluded);
+
+}  // namespace velmosav

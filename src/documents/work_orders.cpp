@@ -1,0 +1,95 @@
+#include "documents/work_orders.h"
+
+#include <cmath>
+#include <utility>
+
+#include "automation/array.h"
+#include "automation/date_text.h"
+#include "automation/text.h"
+#include "constants/constant_sets.h"
+#include "records/record_array.h"
+
+namespace velmosav {
+namespace {
+
+/// The cell (0, 0) of a two-dimensional table of texts; fault-free: null when there is none.
+const BSTR* first_cell(const SAFEARRAY* table) noexcept {
+  if (table->cDims != 2 || table->cbElements != sizeof(BSTR)) return nullptr;
+  const SAFEARRAYBOUND& rows = table->rgsabound[1];
+  const SAFEARRAYBOUND& columns = table->rgsabound[0];
+  const long row = -rows.lLbound;
+  const long column = -columns.lLbound;
+  if (row < 0 || column < 0 || row >= static_cast<long>(rows.cElements) ||
+      column >= static_cast<long>(columns.cElements)) {
+    return nullptr;
+  }
+  return static_cast<const BSTR*>(table->pvData) + column * static_cast<long>(rows.cElements) + row;
+}
+
+double seconds_in(std::wstring_view unit) {
+  struct Unit {
+    std::wstring_view code;
+    double seconds;
+  };
+  constexpr Unit kUnits[] = {{L"s", 1},      {L"n", 60},      {L"h", 3600},    {L"j", 86400},
+                             {L"w", 604800}, {L"m", 2592000}, {L"y", 31557600}};
+  for (const Unit& known : kUnits) {
+    if (unit == known.code) return known.seconds;
+  }
+  return 0;
+}
+
+/// A slot's end as seconds on one scale; the text is read to the minute.
+double moment(BSTR date, BSTR time) {
+  const Bstr text = concat({view(date), L" ", view(time)});
+  const Bstr formatted = format_date_text(text.view(), initial<PlanningConstants>.m_PC_FormatTACHE);
+  const DATE value = to_date(formatted.view());
+  const double whole = std::trunc(value);
+  return std::nearbyint((whole + std::fabs(value - whole)) * 86400);
+}
+
+void erase_slots(const Type_Bon& work_order) {
+  const ArrayView<Type_LigneRessource> technicians(work_order.TabTech);
+  for (long i = 0; i < technicians.end(); ++i) erase<Type_BarTime>(technicians[i].TabPlage);
+}
+
+}  // namespace
+
+short resource_count(const Type_Intervention& intervention) noexcept {
+  const short count = count_of(intervention.TabRes, 2);
+  if (count != 1) return count;
+  const BSTR* cell = first_cell(intervention.TabRes);
+  if (!cell) return -1;
+  return view(*cell).empty() ? short{0} : count;
+}
+
+double total_slot_time(std::wstring_view unit, const Type_LigneRessource& technician) {
+  const double seconds = seconds_in(unit);
+  if (seconds == 0) return 0;
+  const ArrayView<Type_BarTime> slots(technician.TabPlage);
+  double total = 0;
+  for (long i = 0; i < slots.end(); ++i) {
+    const double start = moment(slots[i].DateDeb, slots[i].HeureDebut);
+    total = total + (moment(slots[i].DateFin, slots[i].HeureFin) - start) / seconds;
+  }
+  return total;
+}
+
+void erase_objects(SAFEARRAY*& objects) { erase_plain_array(objects, PlainElement::Object); }
+
+void clear_lists(Type_Bon& work_order, bool all) {
+  erase_slots(work_order);
+  erase<Type_LigneRessource>(work_order.TabTech);
+  erase_objects(work_order.TabAppareil);
+  erase<Type_LigneArticle>(work_order.TabArticle);
+  if (!all) return;
+  if (IDispatch* object = std::exchange(work_order.oTVADoc, nullptr)) object->Release();
+}
+
+void clear_lists(Type_Intervention& intervention) {
+  erase_objects(intervention.TabAppareil);
+  erase<Type_LigneCouverture>(intervention.Couverture.Liste);
+  erase_plain_array(intervention.TabRes, PlainElement::Text);
+}
+
+}  // namespace velmosav
