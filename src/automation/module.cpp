@@ -13,6 +13,7 @@ namespace velmosav::module {
 namespace {
 
 std::atomic<long> references{0};
+std::atomic<long> locks{0};
 SRWLOCK cache_lock = SRWLOCK_INIT;
 
 constexpr int kMostCaches = 4;
@@ -31,12 +32,18 @@ void release_library() noexcept { cached_library() = nullptr; }
 Reference::Reference() noexcept { references.fetch_add(1); }
 Reference::~Reference() { references.fetch_sub(1); }
 
-void lock() noexcept { references.fetch_add(1); }
-void unlock() noexcept { references.fetch_sub(1); }
+void lock() noexcept { locks.fetch_add(1); }
+
+void unlock() noexcept {
+  // A host that gives back more locks than it took must not unload the library under its objects.
+  long held = locks.load();
+  while (held > 0 && !locks.compare_exchange_weak(held, held - 1)) {
+  }
+}
 
 bool can_unload() noexcept {
   const CacheLock guard;
-  if (references.load() != 0) return false;
+  if (references.load() != 0 || locks.load() != 0) return false;
   for (int i = 0; i < release_count; ++i) releases[i]();
   release_count = 0;
   return true;

@@ -77,8 +77,10 @@ HRESULT unregister_library() noexcept {
       remove_tree(class_key(entry.identity), first);
       remove_tree(prog_id(entry.identity), first);
     }
-    const HRESULT code = UnRegisterTypeLib(LIBID_VelmoSAV_DLL14, 1, 0, LOCALE_NEUTRAL, SYS_WIN32);
-    if (FAILED(code) && code != TYPE_E_REGISTRYACCESS) raise(code);
+    Bstr registered;
+    if (SUCCEEDED(QueryPathOfRegTypeLib(LIBID_VelmoSAV_DLL14, 1, 0, LOCALE_NEUTRAL, registered.receive()))) {
+      check(UnRegisterTypeLib(LIBID_VelmoSAV_DLL14, 1, 0, LOCALE_NEUTRAL, SYS_WIN32));
+    }
     check_registry(first);
   });
 }

@@ -54,8 +54,9 @@ class ClassObject : public Interface, public ISupportErrorInfo {
     return dispatcher_.type_info(identity(), index, info);
   }
 
-  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID,
+  HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID,
                                           DISPID* ids) noexcept override {
+    if (iid != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
     return dispatcher_.ids_of_names(identity(), names, count, ids);
   }
 

@@ -33,8 +33,9 @@ bool same_record(IRecordInfo* given, const DispatchParameter& parameter) {
 
 void DispatchArgument::prepare(const DispatchParameter& parameter, VARIANT* argument, LCID locale) {
   if (!argument || is_missing(*argument)) return prepare_missing(parameter, argument != nullptr);
-  if (parameter.type == VT_VARIANT) return prepare_variant(parameter, argument);
   VARIANT& variable = variable_of(*argument);
+  by_value_ = &variable == argument && !(argument->vt & VT_BYREF);
+  if (parameter.type == VT_VARIANT) return prepare_variant(parameter, variable);
   if (parameter.type == VT_RECORD) return prepare_record(parameter, variable);
   if (parameter.type & VT_ARRAY) return prepare_array(parameter, variable);
   prepare_typed(parameter, variable, locale);
@@ -59,10 +60,15 @@ void DispatchArgument::prepare_missing(const DispatchParameter& parameter, bool 
   value_ = data_of(value);
 }
 
-void DispatchArgument::prepare_variant(const DispatchParameter& parameter, VARIANT* argument) {
+VARIANT& DispatchArgument::copy_of(VARIANT& argument) {
+  const HRESULT code = VariantCopy(converted_.receive(), &argument);
+  if (FAILED(code)) raise(code);
+  return converted_.get();
+}
+
+void DispatchArgument::prepare_variant(const DispatchParameter& parameter, VARIANT& argument) {
   // By reference the method gets the caller's own variable; a typed variable stays behind its reference.
-  value_ = argument->vt == (VT_BYREF | VT_VARIANT) ? argument->pvarVal : argument;
-  (void)parameter;
+  value_ = parameter.by_reference && by_value_ ? &copy_of(argument) : &argument;
 }
 
 void DispatchArgument::prepare_record(const DispatchParameter& parameter, VARIANT& argument) {
@@ -76,7 +82,7 @@ void DispatchArgument::prepare_array(const DispatchParameter& parameter, VARIANT
   if (argument.vt == (VT_BYREF | parameter.type)) {
     value_ = argument.pparray;
   } else if (argument.vt == parameter.type) {
-    value_ = &argument.parray;
+    value_ = &(by_value_ ? copy_of(argument) : argument).parray;
   } else {
     raise(DISP_E_TYPEMISMATCH);
   }
@@ -84,16 +90,17 @@ void DispatchArgument::prepare_array(const DispatchParameter& parameter, VARIANT
 
 void DispatchArgument::prepare_typed(const DispatchParameter& parameter, VARIANT& argument, LCID locale) {
   if (argument.vt == (VT_BYREF | parameter.type)) {
+    if (!argument.byref && !parameter.by_reference) raise(DISP_E_TYPEMISMATCH);
     value_ = argument.byref;
     return;
   }
   if (argument.vt == parameter.type) {
-    value_ = data_of(argument);
+    value_ = data_of(parameter.by_reference && by_value_ ? copy_of(argument) : argument);
     return;
   }
   convert(converted_.get(), argument, locale, parameter.type);
   value_ = data_of(converted_.get());
-  if (parameter.by_reference) {
+  if (parameter.by_reference && !by_value_) {
     variable_ = &argument;
     before_ = converted_.get();
   }

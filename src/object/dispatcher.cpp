@@ -63,7 +63,8 @@ const DispatchSlot* slot_for(const DispatchMember& member, WORD flags) noexcept 
 /// The call in progress: its arguments in declared order, then the stack image.
 class Call {
  public:
-  Call(const DispatchSlot& slot, DISPPARAMS& parameters) : slot_(slot), parameters_(parameters) {}
+  Call(const wchar_t* class_name, const DispatchSlot& slot, DISPPARAMS& parameters)
+      : class_name_(class_name), slot_(slot), parameters_(parameters) {}
 
   /// The failure of preparing an argument carries its place in `bad_argument`.
   HRESULT prepare(UINT* bad_argument) {
@@ -87,8 +88,8 @@ class Call {
       end = arguments_[i].push(slot_.parameters[i], end);
     Variant value;
     if (slot_.result.type != VT_EMPTY) *end++ = result_address(value.get());
-    const HRESULT code = call_slot(object, slot_.vtable_index, words, static_cast<unsigned>(end - words));
-    for (std::size_t i = 0; i < slot_.parameters.size(); ++i) arguments_[i].write_back();
+    HRESULT code = call_slot(object, slot_.vtable_index, words, static_cast<unsigned>(end - words));
+    for (std::size_t i = 0; i < slot_.parameters.size(); ++i) write_back(arguments_[i], code);
     if (SUCCEEDED(code) && result) {
       *result = value.detach();
     } else if (value.get().vt == VT_RECORD) {
@@ -152,6 +153,14 @@ class Call {
     record.pRecInfo->Release();
   }
 
+  /// A variable that cannot hold what the method left makes the call fail; the others are written all the
+  /// same.
+  void write_back(DispatchArgument& argument, HRESULT& code) const noexcept {
+    const HRESULT stored = boundary(class_name_, [&] { argument.write_back(); });
+    if (SUCCEEDED(code)) code = stored;
+  }
+
+  const wchar_t* class_name_;
   const DispatchSlot& slot_;
   DISPPARAMS& parameters_;
   std::array<VARIANT*, kMostParameters> given_{};
@@ -214,7 +223,7 @@ HRESULT Dispatcher::invoke(const ClassIdentity& identity, IDispatch* object, DIS
       answer = DISP_E_MEMBERNOTFOUND;
       return;
     }
-    Call call(*slot, *parameters);
+    Call call(identity.name, *slot, *parameters);
     answer = call.prepare(bad_argument);
     if (FAILED(answer)) return;
     const HRESULT outcome = call.run(object, result);
