@@ -1,0 +1,115 @@
+// Printing and statistics.
+#include "contract/published_classes.h"
+
+namespace contract {
+namespace {
+
+const Constant kApiImprConstants[]{
+    {L"SCRIPTEDT_LANGUAGE_EDITION", Integer{3}},
+    {L"SCRIPTEDT_LANGUAGE_JSCRIPT", Integer{2}},
+    {L"SCRIPTEDT_LANGUAGE_VBSCRIPT", Integer{1}},
+    {L"SCRIPTEDT_LANGUAGE_NONE", Integer{0}},
+    {L"SCRIPTEDT_FONT_BOLD", Integer{1}},
+    {L"SCRIPTEDT_FONT_ITALIC", Integer{2}},
+    {L"SCRIPTEDT_FONT_UNDERLINE", Integer{4}},
+    {L"SCRIPTEDT_STYLES_COMMENT", Integer{0}},
+    {L"SCRIPTEDT_STYLES_STRINGS", Integer{1}},
+    {L"SCRIPTEDT_STYLES_NUMBERS", Integer{2}},
+    {L"SCRIPTEDT_STYLES_SYMBOLS", Integer{3}},
+    {L"SCRIPTEDT_STYLES_IDENTIFIERS", Integer{4}},
+    {L"SCRIPTEDT_STYLES_OPERATORS", Integer{5}},
+    {L"SCRIPTEDT_STYLES_TYPES", Integer{6}},
+    {L"SCRIPTEDT_SEARCHOPTS_MATCHCASE", Integer{1}},
+    {L"SCRIPTEDT_SEARCHOPTS_WHOLEWORD", Integer{2}},
+    {L"SCRIPTEDT_SEARCHOPTS_BACKWARDS", Integer{4}},
+    {L"SCRIPTEDT_SEARCHOPTS_ENTIRESCOPE", Integer{8}},
+    {L"SCRIPTEDT_SEARCHOPTS_SELECTEDONLY", Integer{16}},
+    {L"SCRIPTEDT_SEARCHOPTS_REPLACE", Integer{32}},
+    {L"SCRIPTEDT_SEARCHOPTS_REPLACEALL", Integer{64}},
+    {L"SCRIPTEDT_SEARCHOPTS_PROMPT", Integer{128}},
+    {L"L_KEY_EXPRESS", Text{L""}},
+    {L"L_KEY_GIFLZW", Text{L""}},
+    {L"L_KEY_TIFLZW", Text{L""}},
+    {L"L_KEY_FPXEXTENSIONS", Text{L""}},
+    {L"L_KEY_OCR", Text{L""}},
+    {L"TYPE_ARC", Integer{3}},
+    {L"PLEIN", Integer{0}},
+    {L"TIRET", Integer{1}},
+    {L"POINTILLE", Integer{2}},
+    {L"TIRET_POINT", Integer{3}},
+    {L"TIRET_POINT_POINT", Integer{4}},
+    {L"TRANSPARENT", Integer{5}},
+    {L"INTERIEUR_PLEIN", Integer{6}},
+    {L"FONT_STANDARD", Integer{0}},
+    {L"FONT_HACHURE", Integer{1}},
+    {L"HS_BDIAGONAL", Integer{3}},
+    {L"HS_CROSS", Integer{4}},
+    {L"HS_DIAGCROSS", Integer{5}},
+    {L"HS_FDIAGONAL", Integer{2}},
+    {L"HS_HORIZONTAL", Integer{0}},
+    {L"IMPR_INITSESSION", Integer{0}},
+    {L"IMPR_INIT", Integer{1}},
+    {L"IMPR_EXT", Integer{2}},
+    {L"IMPR_RUBR", Integer{3}},
+    {L"IMPR_FIN", Integer{4}},
+    {L"IMPR_FINSESSION", Integer{5}},
+    {L"IMPR_PAGE", Integer{6}},
+    {L"IMPR_FORMAT", Integer{7}},
+    {L"IMPR_GETWHERE", Integer{8}},
+    {L"IMPR_GETORDER", Integer{9}},
+    {L"IMPR_GETFORMPREDEF", Integer{10}},
+    {L"IMPR_NOUVSESSION", Integer{11}},
+    {L"IMPR_CONV_CHAMPS", Integer{12}},
+    {L"IMPR_CONV_RUBR", Integer{13}},
+    {L"MI_IMPRIMANTE", Text{L"I"}},
+    {L"MI_ECRAN", Text{L"E"}},
+    {L"MI_TEXTE", Text{L"R"}},
+    {L"MI_AVEUGLE", Text{L"A"}},
+    {L"MI_DYNA", Text{L"D"}},
+    {L"MI_IMP_SAUVE", Text{L"V"}},
+    {L"MI_IMP_RESTORE", Text{L"O"}},
+    {L"MI_FAX", Text{L"T"}},
+    {L"MI_MAIL", Text{L"M"}},
+    {L"MI_PDF", Text{L"P"}},
+    {L"MI_XML", Text{L"X"}},
+    {L"MI_SMS", Text{L"S"}},
+};
+
+const Constant kSAVImprConstants[]{
+    {L"MI_MAIL_MULTI", Text{L"U"}},
+    {L"PC_IMPR_APP", Text{L"F_APPAR"}},
+    {L"PC_IMPR_EQUIPE_TECH", Text{L"F_EQUIPE"}},
+    {L"PC_IMPR_LETTYP", Text{L"I_LETTYP"}},
+    {L"PC_IMPR_RAPPORTTRANSFERT", Text{L"C_TRANSF"}},
+    {L"PC_IMPR_INTTYP", Text{L"F_INTTYP"}},
+    {L"PC_IMPR_CTTTYP", Text{L"F_CTTTYP"}},
+    {L"PC_IMPR_CTT", Text{L"C_CTT"}},
+    {L"PC_IMPR_PROP", Text{L"C_PROP"}},
+    {L"PC_IMPR_COURRIERFINCTT", Text{L"C_CFINCTT"}},
+    {L"PC_IMPR_COURRIERAVINT", Text{L"C_CAVINT"}},
+    {L"PC_IMPR_COURRIERFINGAR", Text{L"C_CFINGAR"}},
+    {L"PC_IMPR_INTERV", Text{L"C_INTERV"}},
+    {L"PC_IMPR_STATINT", Text{L"ST_INT"}},
+    {L"PC_IMPR_STATCLIINTERV", Text{L"ST_CLIINT"}},
+    {L"PC_IMPR_STATCTT", Text{L"ST_CTT"}},
+    {L"PC_EDDYN_APP", Text{L"APPAREIL"}},
+    {L"PC_EDDYN_CONTRAT", Text{L"CONTRAT"}},
+    {L"PC_EDDYN_PROP", Text{L"CONTRAT"}},
+    {L"PC_EDDYN_STATINTERV", Text{L"STINTERV"}},
+    {L"PC_EDDYN_STATCLIINTERV", Text{L"STCLIENTI"}},
+    {L"PC_EDDYN_STATCONTRAT", Text{L"STCONTT"}},
+    {L"PC_EDDYN_JOURNALMODIF", Text{L"LOGMODIF"}},
+    {L"PC_EDDYN_JOURNALETATCTT", Text{L"LOGETATCTT"}},
+};
+
+const Constant kStatistiqueConstants[]{
+    {L"SYNTH_ACT", Text{L"SYNTHACT"}},
+};
+
+}  // namespace
+
+Class api_impr() { return {L"ApiImpr", kApiImprConstants, {}}; }
+Class sav_impr() { return {L"SAVImpr", kSAVImprConstants, {}}; }
+Class statistique() { return {L"Statistique", kStatistiqueConstants, {}}; }
+
+}  // namespace contract
