@@ -42,6 +42,7 @@ void Campaign::add(const Customer& customer, int copy) {
     const std::string subject = "contrat " + input.code;
     try {
       contracts_.push_back(build_contract(std::move(input), library_, table_, next_key_));
+      if (copy == 0) note(*contracts_.back());
       ++built_;
     } catch (const Refusal& refusal) {
       problems_.add(kContratsFile, subject, refusal.field(), refusal.what());
@@ -55,12 +56,23 @@ void Campaign::add(const Customer& customer, int copy) {
     const std::string subject = "intervention " + input.code;
     try {
       orders_.push_back(build_work_order(std::move(input), library_, table_));
+      if (copy == 0) note(*orders_.back());
       ++built_;
     } catch (const ComFailure& failure) {
       problems_.add(kInterventionsFile, subject + " : " + failure.what());
     }
     progress_.advance(1);
   }
+}
+
+void Campaign::note(const ContractDocument& contract) {
+  const std::wstring_view rule =
+      contract.record.Periodicite.Libelle ? contract.record.Periodicite.Libelle : L"";
+  contract_lines_.push_back({contract.input.code, to_utf8(rule), contract.record.NbEch});
+}
+
+void Campaign::note(const WorkOrderDocument& order) {
+  for (const TimeSpent& spent : order.time_spent) time_lines_.push_back({order.input.code, spent});
 }
 
 std::vector<DueLine> Campaign::due_lines() {

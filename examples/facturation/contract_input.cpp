@@ -105,6 +105,7 @@ void read_sites(FieldReader& reader, ContratInput& contrat) {
 void read_contrats(const Json& document, const TvaInput& tva, Problems& problems, Input& input) {
   FieldReader file(document, kContratsFile, "", problems);
   input.date_facturation = file.date("dateFacturation", Need::Optional);
+  const std::string roots = file.text("racinesComptes", Need::Optional);
   const Json* list = file.array("contrats", Need::Required);
   file.finish();
   if (!list) return;
@@ -113,6 +114,7 @@ void read_contrats(const Json& document, const TvaInput& tva, Problems& problems
                   [&](const Json& element, const std::string& subject) {
                     FieldReader reader(element, kContratsFile, subject, problems);
                     ContratInput contrat = read_contrat(reader, tva);
+                    contrat.racines_comptes = roots;
                     read_sites(reader, contrat);
                     if (!contrat.code.empty() && !codes.insert(contrat.code).second)
                       reader.refuse("code", "code déjà présent");

@@ -44,6 +44,7 @@ enum class Terme { Debut, Fin };
 struct ContratInput {
   std::string code, libelle, client, nom_client, vendeur;
   std::string mode_reglement, compte, libelle_fact;
+  std::string racines_comptes;  // roots that the account must have, empty for any
   std::string date_debut;
   std::string date_fin;  // empty: given by the duration
   int duree = 0;
@@ -59,6 +60,16 @@ struct ContratInput {
   bool suspendu = false;
   Adresse adresse;
   std::vector<Site> sites;
+};
+
+struct Plage {
+  std::string debut, fin;  // times of the intervention's day, HH:MM
+};
+
+struct TechnicienInput {
+  int code = 0;
+  std::string nom;
+  std::vector<Plage> plages;
 };
 
 struct ArticleInput {
@@ -77,6 +88,7 @@ struct InterventionInput {
   Adresse site;
   Adresse facturation;
   std::vector<ArticleInput> articles;
+  std::vector<TechnicienInput> techniciens;
 };
 
 struct Input {

@@ -1,5 +1,8 @@
 #include "library.h"
 
+#include <initializer_list>
+#include <new>
+
 namespace facturation {
 namespace {
 
@@ -22,7 +25,30 @@ VARIANT text_argument(const Text& text) {
 
 constexpr short kDecimals = 2;
 
-Codes read_codes(const ComPtr<_ContratDoc>& contrat, const ComPtr<_InvoiceXMLLib>& invoice) {
+/// The unit codes of a duration's fields, as an array of VARIANTs.
+class UnitFields {
+ public:
+  UnitFields(std::initializer_list<const wchar_t*> units)
+      : array_(SafeArrayCreateVector(VT_VARIANT, 0, static_cast<ULONG>(units.size()))) {
+    if (!array_) throw std::bad_alloc();
+    auto* cell = static_cast<VARIANT*>(array_->pvData);
+    for (const wchar_t* unit : units) {
+      cell->vt = VT_BSTR;
+      cell->bstrVal = SysAllocString(unit);
+      ++cell;
+    }
+  }
+  ~UnitFields() { SafeArrayDestroy(array_); }
+  UnitFields(const UnitFields&) = delete;
+  UnitFields& operator=(const UnitFields&) = delete;
+  [[nodiscard]] SAFEARRAY* get() const { return array_; }
+
+ private:
+  SAFEARRAY* array_;
+};
+
+Codes read_codes(const ComPtr<_ContratDoc>& contrat, const ComPtr<_InvoiceXMLLib>& invoice,
+                 const ComPtr<_Periodicite>& rules) {
   Codes codes;
   const auto article = create<_Article>(L"VelmoSAV_DLL14.Article");
   check(article->get_PC_TARIF_HT(codes.tarif_ht.receive()), article, "PC_TARIF_HT");
@@ -37,6 +63,8 @@ Codes read_codes(const ComPtr<_ContratDoc>& contrat, const ComPtr<_InvoiceXMLLib
   const auto sales = create<_AchatVente>(L"VelmoSAV_DLL14.AchatVente");
   check(sales->get_PC_TypLig_Texte(codes.ligne_texte.receive()), sales, "PC_TypLig_Texte");
   check(contrat->get_PC_NbMaxLigFact(&codes.max_instalments), contrat, "PC_NbMaxLigFact");
+  check(rules->get_c_sPeriod_Mens(codes.mensuel.receive()), rules, "c_sPeriod_Mens");
+  check(rules->get_c_sPeriod_Annuel(codes.annuel.receive()), rules, "c_sPeriod_Annuel");
   check(invoice->get_pc_XInv_ROW(codes.row_element.receive()), invoice, "pc_XInv_ROW");
   return codes;
 }
@@ -62,9 +90,11 @@ Library::Library()
     : contrat_(create<_ContratDoc>(L"VelmoSAV_DLL14.ContratDoc")),
       tva_(create<_TvaRepart>(L"VelmoSAV_DLL14.TvaRepart")),
       outil_(create<_Outil>(L"VelmoSAV_DLL14.Outil")),
+      periodicite_(create<_Periodicite>(L"VelmoSAV_DLL14.Periodicite")),
+      bon_(create<_Bon>(L"VelmoSAV_DLL14.Bon")),
       generation_(create<_Generation>(L"VelmoSAV_DLL14.Generation")),
       invoice_(create<_InvoiceXMLLib>(L"VelmoSAV_DLL14.InvoiceXMLLib")),
-      codes_(read_codes(contrat_, invoice_)) {}
+      codes_(read_codes(contrat_, invoice_, periodicite_)) {}
 
 Text Library::end_of_period(BSTR start, long length, const Text& unit) {
   Text end;
@@ -110,6 +140,58 @@ void Library::set_pivot_from_schedule(Type_Contrat& contrat) {
 
 void Library::set_gross_amounts(Type_Contrat& contrat) {
   check(contrat_->CalculMttBrut(&contrat, kDecimals), contrat_, "CalculMttBrut");
+}
+
+Text Library::rule_label(Type_Periodicite& rule) {
+  Text label;
+  check(periodicite_->GetLibPeriodicite(&rule, label.receive()), periodicite_, "GetLibPeriodicite");
+  return label;
+}
+
+Text Library::next_month(BSTR date, Type_Periodicite& rule) {
+  VARIANT_BOOL previous = VARIANT_FALSE;
+  Text next;
+  check(periodicite_->GetPrevNextMonth(&date, &rule, &previous, next.receive()), periodicite_,
+        "GetPrevNextMonth");
+  return next;
+}
+
+Text Library::month_key(short month) {
+  Text key;
+  check(periodicite_->GetKeyMonth(&month, key.receive()), periodicite_, "GetKeyMonth");
+  return key;
+}
+
+Text Library::end_before(BSTR next_start) {
+  Text end;
+  check(contrat_->CadFactPeriod_GetEndFromNextStart(next_start, end.receive()), contrat_,
+        "CadFactPeriod_GetEndFromNextStart");
+  return end;
+}
+
+bool Library::fits(const wchar_t* format, double value) {
+  VARIANT_BOOL right = VARIANT_FALSE;
+  check(outil_->CheckFmtSaisNum(Text(format).get(), value, &right), outil_, "CheckFmtSaisNum");
+  return right != VARIANT_FALSE;
+}
+
+bool Library::has_root(const Text& account, const Text& roots) {
+  BSTR number = account.get();
+  VARIANT_BOOL right = VARIANT_FALSE;
+  check(outil_->IsCompteValide(&number, roots.get(), VARIANT_FALSE, &right), outil_, "IsCompteValide");
+  return right != VARIANT_FALSE;
+}
+
+Text Library::time_spent(Type_LigneRessource& technician) {
+  double hours = 0;
+  check(bon_->GetDureeTotPlages(Text(L"h").get(), &technician, &hours), bon_, "GetDureeTotPlages");
+  const UnitFields fields({L"h", L"n"});
+  SAFEARRAY* units = fields.get();
+  const Text hour(L"h");
+  BSTR unit = hour.get();
+  Text text;
+  check(outil_->DoubleToDuree(&hours, &unit, &units, text.receive()), outil_, "DoubleToDuree");
+  return text;
 }
 
 void Library::read_distribution(IDispatch* table, short& code, const Text& distribution,

@@ -18,6 +18,7 @@ struct Codes {
   Text jour, semaine, mois, annee;
   Text ligne_texte;
   Text row_element;
+  Text mensuel, annuel;
   short max_instalments = 0;
 
   [[nodiscard]] const Text& tarif(Tarif tarif_kind) const;
@@ -38,6 +39,18 @@ class Library {
   void total_schedule(Type_Contrat& contrat, double& ht, double& ttc);
   void set_pivot_from_schedule(Type_Contrat& contrat);
   void set_gross_amounts(Type_Contrat& contrat);
+
+  // Recurrence rules.
+  Text rule_label(Type_Periodicite& rule);
+  Text next_month(BSTR date, Type_Periodicite& rule);
+  Text month_key(short month);
+  Text end_before(BSTR next_start);
+
+  // Checks of input, and time spent.
+  bool fits(const wchar_t* format, double value);
+  bool has_root(const Text& account, const Text& roots);
+  /// Time of a technician's slots, "HH:MM".
+  Text time_spent(Type_LigneRessource& technician);
 
   // VAT and amounts.
   void read_distribution(IDispatch* table, short& code, const Text& distribution, Type_RepartTVA& result);
@@ -60,6 +73,8 @@ class Library {
   ComPtr<_ContratDoc> contrat_;
   ComPtr<_TvaRepart> tva_;
   ComPtr<_Outil> outil_;
+  ComPtr<_Periodicite> periodicite_;
+  ComPtr<_Bon> bon_;
   ComPtr<_Generation> generation_;
   ComPtr<_InvoiceXMLLib> invoice_;
   Codes codes_;

@@ -18,6 +18,9 @@ std::string plural(std::size_t count, const std::string& one, const std::string&
 
 void report(const Campaign& campaign, const InvoiceWriter& writer, const Options& options,
             const std::string& date) {
+  if (!campaign.contract_lines().empty())
+    print("Échéanciers\n\n" + contracts_text(campaign.contract_lines()) + "\n");
+  if (!campaign.time_lines().empty()) print("Temps passés\n\n" + times_text(campaign.time_lines()) + "\n");
   if (writer.invoices().empty()) {
     print("Aucune facture à la date du " + date + ".\n");
   } else {

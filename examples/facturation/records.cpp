@@ -46,6 +46,13 @@ void clear(Type_LigneArticle& r) {
              r.CodeArtApp, r.NumSerApp, r.CodeCtt, r.LibCtt, r.Raison);
 }
 
+void clear(Type_BarTime& r) {
+  free_texts(r.CodeDoc, r.DateDeb, r.HeureDebut, r.DateFin, r.HeureFin, r.Libelle, r.Resume, r.Descriptif,
+             r.DateModif, r.DateCreation);
+}
+
+void clear(Type_LigneRessource& r);
+
 // The array must no longer look like one of records when it is destroyed: the platform would clear its
 // elements a second time, in its own way.
 template <class Record>
@@ -58,6 +65,11 @@ void destroy(SAFEARRAY*& array) {
     array->fFeatures = static_cast<USHORT>(array->fFeatures & ~FADF_RECORD);
   }
   SafeArrayDestroy(std::exchange(array, nullptr));
+}
+
+void clear(Type_LigneRessource& r) {
+  free_texts(r.Nom);
+  destroy<Type_BarTime>(r.TabPlage);
 }
 
 }  // namespace
@@ -80,6 +92,7 @@ Bon::~Bon() {
              Provenance, Symptome, DateDeb, HeureDeb, DateFin, HeureFin, Equipe, Libelle, Descriptif,
              Materiel, Note, Documents, CodeDocLien, TypeDocLien, CodeFacture, CodeDepot, Rapport);
   clear(Adr);
+  destroy<Type_LigneRessource>(TabTech);
   destroy<Type_LigneArticle>(TabArticle);
 }
 

@@ -73,15 +73,48 @@ void set_distribution(Type_Contrat& record, const ContratInput& input, Library& 
   }
 }
 
+/// What the library itself says of the input.
+void check_input(const ContratInput& input, Library& library) {
+  constexpr const wchar_t* kAmountFormat = L"N;7.2;>0;B";
+  if (!library.fits(kAmountFormat, input.montant_echeance))
+    throw Refusal("montantEcheance", "montant hors du format de saisie 7.2");
+  if (!input.racines_comptes.empty() && !library.has_root(Text(input.compte), Text(input.racines_comptes)))
+    throw Refusal("compte",
+                  "« " + input.compte + " » ne commence par aucune des racines " + input.racines_comptes);
+}
+
+/// The billing rule: on the day of the contract's start, every so many months; nothing for a single
+/// instalment.
+void set_rule(Type_Contrat& record, const ContratInput& input, Library& library) {
+  if (!input.mois_par_echeance) return;
+  const std::optional<DATE> start = platform_day(record.DateDeb);
+  SYSTEMTIME day{};
+  if (!start || !VariantTimeToSystemTime(*start, &day))
+    throw Refusal("dateDebut", "date que la bibliothèque ne lit pas");
+  Type_Periodicite& rule = record.Periodicite;
+  rule.VersionType = 1;
+  rule.Chaque = static_cast<short>(day.wDay);
+  const bool yearly = input.mois_par_echeance == 12;
+  assign(rule.Periodicite, yearly ? library.codes().annuel.view() : library.codes().mensuel.view());
+  rule.TousLes = static_cast<short>(yearly ? 1 : input.mois_par_echeance);
+  if (yearly) assign(rule.Mois, library.month_key(static_cast<short>(day.wMonth)).view());
+  assign(rule.Libelle, library.rule_label(rule).view());
+}
+
+/// Last day of the period that starts on `start`; the contract's end when there is one instalment.
+Text period_end(Type_Contrat& record, BSTR start, const ContratInput& input, Library& library) {
+  if (!input.mois_par_echeance) return Text(std::wstring_view(record.DateFin));
+  if (input.mois_par_echeance == 12) return library.end_of_period(start, 1, library.codes().annee);
+  return library.end_before(library.next_month(start, record.Periodicite).get());
+}
+
 void add_rows(Type_Contrat& record, const ContratInput& input, Library& library) {
   const std::optional<DATE> last_day = platform_day(record.DateFin);
   if (!last_day) throw Refusal("dateFin", "date que la bibliothèque ne lit pas");
   Text start(std::wstring_view(record.DateDeb));
   for (std::optional<DATE> day = platform_day(start.get()); day && *day <= *last_day;
        day = platform_day(start.get())) {
-    const long length = input.mois_par_echeance;
-    const Text end = length ? library.end_of_period(start.get(), length, library.codes().mois)
-                            : Text(std::wstring_view(record.DateFin));
+    const Text end = period_end(record, start.get(), input, library);
     const BSTR due = input.terme == Terme::Debut ? start.get() : end.get();
     const short expected = record.NbEch;
     if (expected >= library.codes().max_instalments)
@@ -138,7 +171,9 @@ std::unique_ptr<ContractDocument> build_contract(ContratInput input, Library& li
   Type_Contrat& record = document->record;
   fill(record, source, library.codes());
   set_end(record, source, library);
+  check_input(source, library);
   set_distribution(record, source, library, table);
+  set_rule(record, source, library);
   add_rows(record, source, library);
 
   const auto rows = elements<Type_CadencierFact>(record.TabCadFact);

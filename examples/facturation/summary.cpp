@@ -92,4 +92,25 @@ std::string table_text(const std::vector<InvoiceSummary>& invoices) {
   return text + line_text(rule, widths) + line_text(rows.back(), widths);
 }
 
+std::string contracts_text(const std::vector<ContractLine>& contracts) {
+  std::size_t code_width = 0;
+  for (const ContractLine& line : contracts) code_width = std::max(code_width, width(line.code));
+  std::string text;
+  for (std::size_t i = 0; i < std::min(contracts.size(), kMaxRows); ++i) {
+    const ContractLine& line = contracts[i];
+    text += line.code + std::string(code_width - width(line.code) + 2, ' ');
+    text += (line.rule.empty() ? "En une fois" : line.rule) + " (" + grouped(line.instalments) +
+            (line.instalments > 1 ? " échéances)\n" : " échéance)\n");
+  }
+  return text;
+}
+
+std::string times_text(const std::vector<TimeLine>& times) {
+  std::string text;
+  for (std::size_t i = 0; i < std::min(times.size(), kMaxRows); ++i) {
+    text += times[i].intervention + "  " + times[i].spent.time + "  " + times[i].spent.technician + "\n";
+  }
+  return text;
+}
+
 }  // namespace facturation

@@ -26,6 +26,54 @@ ArticleInput read_article(FieldReader reader, const TvaInput& tva) {
   return article;
 }
 
+bool is_time(const std::string& text) {
+  if (text.size() != 5 || text[2] != ':') return false;
+  for (const std::size_t place : {0, 1, 3, 4}) {
+    if (text[place] < '0' || text[place] > '9') return false;
+  }
+  return text.substr(0, 2) < "24" && text.substr(3) < "60";
+}
+
+std::string read_time(FieldReader& reader, const char* field) {
+  std::string text = reader.text(field, Need::Required);
+  if (!text.empty() && !is_time(text))
+    reader.refuse(field, "« " + text + " » n'est pas une heure (HH:MM attendu)");
+  return text;
+}
+
+TechnicienInput read_technicien(FieldReader reader, const std::string& field) {
+  TechnicienInput technicien;
+  technicien.code = reader.integer("code", Need::Required, 1, 32767);
+  technicien.nom = reader.text("nom", Need::Required);
+  if (const Json* list = reader.array("plages", Need::Required)) {
+    for (std::size_t i = 0; i < list->size(); ++i) {
+      const std::string place = "plages[" + std::to_string(i) + "]";
+      if (!(*list)[i].is_object()) {
+        reader.refuse(place, "objet attendu");
+        continue;
+      }
+      FieldReader slot = reader.inside((*list)[i], field + "." + place + ".");
+      technicien.plages.push_back({read_time(slot, "debut"), read_time(slot, "fin")});
+      slot.finish();
+    }
+  }
+  reader.finish();
+  return technicien;
+}
+
+void read_techniciens(FieldReader& reader, InterventionInput& intervention) {
+  const Json* list = reader.array("techniciens", Need::Optional);
+  if (!list) return;
+  for (std::size_t i = 0; i < list->size(); ++i) {
+    const std::string field = "techniciens[" + std::to_string(i) + "]";
+    if ((*list)[i].is_object()) {
+      intervention.techniciens.push_back(read_technicien(reader.inside((*list)[i], field + "."), field));
+    } else {
+      reader.refuse(field, "objet attendu");
+    }
+  }
+}
+
 InterventionInput read_intervention(FieldReader& reader, const TvaInput& tva) {
   InterventionInput intervention;
   intervention.code = reader.text("code", Need::Required);
@@ -67,6 +115,7 @@ void read_interventions(const Json& document, const TvaInput& tva, Problems& pro
                   [&](const Json& element, const std::string& subject) {
                     FieldReader reader(element, kInterventionsFile, subject, problems);
                     InterventionInput intervention = read_intervention(reader, tva);
+                    read_techniciens(reader, intervention);
                     if (!intervention.code.empty() && !codes.insert(intervention.code).second)
                       reader.refuse("code", "code déjà présent");
                     if (reader.finish()) input.interventions.push_back(std::move(intervention));

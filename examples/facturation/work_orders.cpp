@@ -39,6 +39,31 @@ void fill_article(Type_LigneArticle& record, const ArticleInput& article, double
   record.PVFixe = article.prix_fixe ? VARIANT_TRUE : VARIANT_FALSE;
 }
 
+/// Technicians with their slots; returns each one's name and time.
+std::vector<TimeSpent> fill_technicians(Type_Bon& record, const InterventionInput& input, Library& library) {
+  std::vector<TimeSpent> times;
+  if (input.techniciens.empty()) return times;
+  record.TabTech = new_array<Type_LigneRessource>(input.techniciens.size());
+  const auto technicians = elements<Type_LigneRessource>(record.TabTech);
+  for (std::size_t i = 0; i < technicians.size(); ++i) {
+    const TechnicienInput& source = input.techniciens[i];
+    Type_LigneRessource& technician = technicians[i];
+    technician.Code = static_cast<short>(source.code);
+    technician.Responsable = i == 0 ? VARIANT_TRUE : VARIANT_FALSE;
+    assign(technician.Nom, source.nom);
+    technician.TabPlage = new_array<Type_BarTime>(source.plages.size());
+    const auto slots = elements<Type_BarTime>(technician.TabPlage);
+    for (std::size_t k = 0; k < slots.size(); ++k) {
+      assign(slots[k].DateDeb, input.date);
+      assign(slots[k].DateFin, input.date);
+      assign(slots[k].HeureDebut, source.plages[k].debut);
+      assign(slots[k].HeureFin, source.plages[k].fin);
+    }
+    times.push_back({source.nom, to_utf8(library.time_spent(technician).view())});
+  }
+  return times;
+}
+
 // VAT is due on the total under each code, not line by line.
 Totals totals_of(const std::map<int, double>& bases, Tarif tarif, Library& library, VatTable& table) {
   Totals totals;
@@ -75,6 +100,8 @@ std::unique_ptr<WorkOrderDocument> build_work_order(InterventionInput input, Lib
   record.IntervSsCadre = source.contrat.empty() ? VARIANT_TRUE : VARIANT_FALSE;
   assign_address(record.Adr, source.site);
   assign_address(document->facturation, source.facturation);
+
+  document->time_spent = fill_technicians(record, source, library);
 
   record.TabArticle = new_array<Type_LigneArticle>(source.articles.size());
   const auto articles = elements<Type_LigneArticle>(record.TabArticle);

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "input.h"
 #include "library.h"
@@ -11,6 +13,12 @@
 
 namespace facturation {
 
+/// What a technician spent on an intervention, "HH:MM".
+struct TimeSpent {
+  std::string technician;
+  std::string time;
+};
+
 struct WorkOrderDocument {
   InterventionInput input;
   Bon record;
@@ -18,6 +26,7 @@ struct WorkOrderDocument {
   Totals totals;
   std::wstring format_tva;
   bool has_invoiced_articles = false;
+  std::vector<TimeSpent> time_spent;
 };
 
 std::unique_ptr<WorkOrderDocument> build_work_order(InterventionInput input, Library& library,
