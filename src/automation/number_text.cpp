@@ -7,10 +7,26 @@
 #include "automation/variant.h"
 
 namespace velmosav {
+namespace {
+
+/// Wine leaves the point in a number that it writes with an exponent.
+void localize_exponent_form(Bstr& text) {
+  if (text.view().find(L'E') == std::wstring_view::npos) return;
+  const std::size_t point = text.view().find(L'.');
+  wchar_t separator[4] = L"";
+  if (point == std::wstring_view::npos ||
+      GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, separator, 4) != 2) {
+    return;
+  }
+  text.get()[point] = separator[0];
+}
+
+}  // namespace
 
 Bstr number_text(double value) {
   Bstr text;
   check_conversion(VarBstrFromR8(value, LOCALE_USER_DEFAULT, 0, text.receive()));
+  localize_exponent_form(text);
   return text;
 }
 
