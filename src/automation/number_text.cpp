@@ -1,5 +1,6 @@
 #include "automation/number_text.h"
 
+#include <algorithm>
 #include <charconv>
 #include <string>
 
@@ -48,23 +49,23 @@ Bstr whole_number_text(long value) {
   return text;
 }
 
-double leading_number(std::wstring_view text) noexcept {
+double leading_number(std::wstring_view text) {
   const std::size_t start = text.find_first_not_of(L' ');
   if (start == std::wstring_view::npos) return 0;
   text.remove_prefix(start);
   const bool negative = text.front() == L'-';
   if (negative || text.front() == L'+') text.remove_prefix(1);
-  // The part that can be a number, in the reader's characters; longer numbers say nothing more.
-  char plain[400];
-  std::size_t length = 0;
-  constexpr std::wstring_view kParts = L"0123456789.eE+-";
-  while (length < text.size() && length < sizeof plain &&
-         kParts.find(text[length]) != std::wstring_view::npos) {
-    plain[length] = static_cast<char>(text[length]);
-    ++length;
-  }
+  // The part that can be a number, in the reader's characters.
+  const std::size_t length = std::min(text.find_first_not_of(L"0123456789.eE+-"), text.size());
+  const std::string plain(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(length));
+  if (plain.empty() || plain.front() == '-' || plain.front() == '+') return 0;
   double value = 0;
-  if (length > 0 && plain[0] != '-' && plain[0] != '+') std::from_chars(plain, plain + length, value);
+  const bool too_far =
+      std::from_chars(plain.data(), plain.data() + plain.size(), value).ec == std::errc::result_out_of_range;
+  // Out of range upwards; downwards the number is as good as 0.
+  if (too_far && plain.find("e-") == std::string::npos && plain.find("E-") == std::string::npos) {
+    raise(Fault::Overflow);
+  }
   return negative ? -value : value;
 }
 

@@ -13,7 +13,8 @@ Bstr fixed_number_text(double value, int decimals);
 Bstr whole_number_text(long value);
 
 /// Number at the front of a text, whatever the regional settings: leading blanks are skipped, the decimal
-/// mark is a point, reading stops at the first character that is no part of a number. 0 when there is none.
-double leading_number(std::wstring_view text) noexcept;
+/// mark is a point, reading stops at the first character that is no part of a number. 0 when there is none,
+/// fault 6 beyond the range.
+double leading_number(std::wstring_view text);
 
 }  // namespace velmosav

@@ -56,7 +56,9 @@ inline void assign(BSTR& field, Bstr text) noexcept { text.swap(field); }
 
 /// Without the blanks (U+0020 only) at both ends.
 std::wstring_view trim(std::wstring_view text) noexcept;
-inline bool is_blank(std::wstring_view text) noexcept { return trim(text).empty(); }
+inline bool is_blank(std::wstring_view text) noexcept {
+  return text.find_first_not_of(L' ') == std::wstring_view::npos;
+}
 
 /// Upper case by the user's locale; same length.
 Bstr upper(std::wstring_view text);

@@ -64,7 +64,8 @@ Bstr neighbour_month_date(const PeriodiciteConstants& constants, std::wstring_vi
   const int step = previous ? -1 : 1;
   const DATE origin = to_date(date);
   if (rule.TousLes != 0)
-    return format_date(add_to_date(origin, L"m", step * rule.TousLes), short_year_format());
+    return format_date(add_to_date(origin, L"m", rule.TousLes * static_cast<long long>(step)),
+                       short_year_format());
 
   const int month = calendar_month(origin);
   const int found = next_listed_month(view(rule.Mois), month, step);
@@ -94,7 +95,7 @@ Bstr date_of_rule_day(const Type_Periodicite& rule, VARIANT* month, VARIANT* yea
   const int ahead = (wanted - weekday(from)) * start.step;
   const int days = (ahead + 7) % 7;
   if (days == 0) return std::move(start.date);
-  return short_date_text(add_to_date(from, L"d", start.step * days));
+  return short_date_text(add_to_date(from, L"d", days * static_cast<long long>(start.step)));
 }
 
 }  // namespace velmosav

@@ -28,7 +28,8 @@ bool contains_article(const Type_Couverture& coverage, std::wstring_view article
   if (article.empty()) return false;
   const std::wstring_view wanted = trim(article);
   const ArrayView<Type_LigneCouverture> lines(coverage.Liste);
-  for (long i = 0; i < lines.end(); ++i) {
+  const short count = count_of(coverage.Liste);
+  for (long i = 0; i < count; ++i) {
     if (trim(view(lines[i].Code)) == wanted && i != excluded) return true;
   }
   return false;

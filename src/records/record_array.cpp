@@ -53,6 +53,7 @@ void destroy_record_array(SAFEARRAY* array, const RecordLayout& layout) noexcept
 
 void erase_record_array(SAFEARRAY*& array, const RecordLayout& layout) {
   require_resizable(array);
+  if (array && array->pvData && array->cbElements != layout.size) raise(Fault::TypeMismatch);
   destroy_record_array(std::exchange(array, nullptr), layout);
 }
 

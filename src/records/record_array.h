@@ -7,7 +7,7 @@
 namespace velmosav {
 
 /// Frees every element and the array; the field becomes "never dimensioned".
-/// Fault 10 when the array is locked or of fixed size; nothing is changed then.
+/// Fault 10 when the array is locked or of fixed size, 13 for another element size; nothing is changed then.
 void erase_record_array(SAFEARRAY*& array, const RecordLayout& layout);
 /// What an array of plain elements holds.
 enum class PlainElement { Text, Object, Variant };
