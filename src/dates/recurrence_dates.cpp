@@ -63,9 +63,10 @@ Bstr neighbour_month_date(const PeriodiciteConstants& constants, std::wstring_vi
   if (view(rule.Periodicite) != constants.m_c_sPeriod_Mens.view()) return Bstr(date);
   const int step = previous ? -1 : 1;
   const DATE origin = to_date(date);
-  if (rule.TousLes != 0)
+  if (rule.TousLes != 0) {
     return format_date(add_to_date(origin, L"m", rule.TousLes * static_cast<long long>(step)),
                        short_year_format());
+  }
 
   const int month = calendar_month(origin);
   const int found = next_listed_month(view(rule.Mois), month, step);

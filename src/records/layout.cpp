@@ -59,24 +59,12 @@ struct Table;
   const RecordLayout& layout_of<::name>() noexcept { \
     return Table<::name>::layout;                    \
   }
-#define RECORD_END(name)
-#define FIELD(type, name, help)
-#define ENUMERATION_FIELD(enumeration, name, help)
-#define RECORD_FIELD(record, name, help)
-#define RECORD_TABLE_FIELD(record, name, count, help)
-#define ARRAY_FIELD(type, name, help)
-#define RECORD_ARRAY_FIELD(record, name, help)
+#include "records/without_fields.h"
 #include "records.def"
 
 std::span<const RecordLayout* const> all_layouts() noexcept {
 #define RECORD_BEGIN(name, identifier, help) &Table<::name>::layout,
-#define RECORD_END(name)
-#define FIELD(type, name, help)
-#define ENUMERATION_FIELD(enumeration, name, help)
-#define RECORD_FIELD(record, name, help)
-#define RECORD_TABLE_FIELD(record, name, count, help)
-#define ARRAY_FIELD(type, name, help)
-#define RECORD_ARRAY_FIELD(record, name, help)
+#include "records/without_fields.h"
   static const RecordLayout* const layouts[] = {
 #include "records.def"
   };

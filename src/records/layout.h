@@ -51,13 +51,7 @@ const RecordLayout& layout_of() noexcept;
 #define RECORD_BEGIN(name, identifier, help) \
   template <>                                \
   const RecordLayout& layout_of<::name>() noexcept;
-#define RECORD_END(name)
-#define FIELD(type, name, help)
-#define ENUMERATION_FIELD(enumeration, name, help)
-#define RECORD_FIELD(record, name, help)
-#define RECORD_TABLE_FIELD(record, name, count, help)
-#define ARRAY_FIELD(type, name, help)
-#define RECORD_ARRAY_FIELD(record, name, help)
+#include "records/without_fields.h"
 #include "records.def"
 
 /// Every record of the contract, in the order of the lists.
