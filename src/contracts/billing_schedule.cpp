@@ -87,9 +87,13 @@ short add_instalment(Type_Contrat& contract, const ContratDocConstants& labels,
                      const NewInstalment& instalment, short& index) {
   if (index == -1) index = count_of(contract.TabCadFact);
   if (index < 0) return -1;
+  // A host may pass texts of its own schedule, which the steps below free.
+  const Bstr invoicing_date(instalment.invoicing_date);
+  const Bstr start(instalment.start);
+  const Bstr end(instalment.end);
+  const NewInstalment kept{invoicing_date.view(), start.view(), end.view()};
   redim_preserve<Type_CadencierFact>(contract.TabCadFact, index);
-  fill_instalment(contract, labels, instalment, index,
-                  ArrayView<Type_CadencierFact>(contract.TabCadFact)[index]);
+  fill_instalment(contract, labels, kept, index, ArrayView<Type_CadencierFact>(contract.TabCadFact)[index]);
   return index;
 }
 

@@ -54,11 +54,11 @@ void set_gross_amounts(Type_Contrat& contract, short decimals) {
 CY transferred_total(const Type_Contrat& contract, std::wstring_view kind) {
   CY total{};
   const bool ht = kind == tariffs().m_PC_TARIF_HT.view();
-  if (!ht && kind != tariffs().m_PC_TARIF_TTC.view()) return total;
+  const bool known = ht || kind == tariffs().m_PC_TARIF_TTC.view();
   const ArrayView<Type_CadencierFact> rows(contract.TabCadFact);
   for (long i = 0; i < rows.end(); ++i) {
     const Type_CadencierFact& row = rows[i];
-    if (!row.Transfere) continue;
+    if (!row.Transfere || !known) continue;
     CY amount;
     check_conversion(VarCyFromR8(ht ? row.MontantHT : row.MontantTTC, &amount));
     check_conversion(VarCyAdd(total, amount, &total));

@@ -1,4 +1,5 @@
 // Dates of neighbouring periods, and the spreading of an edited date over them.
+#include <limits>
 #include <vector>
 
 #include "automation/array.h"
@@ -42,8 +43,9 @@ class PendingDates {
 short spread_forward(const Type_Contrat& contract, short row, std::wstring_view current,
                      PendingDates& dates) {
   const ArrayView<Type_CadencierFact> rows(contract.TabCadFact);
+  const short count = count_of(contract.TabCadFact);
   short result = row;
-  for (long i = row + 1L; i < rows.end(); ++i) {
+  for (long i = row + 1L; i < count; ++i) {
     Type_CadencierFact& next = rows[i];
     if (next.Transfere) return -1;
     const std::wstring_view start = dates.set(next.DateDeb, capped_period_start_after(contract, current));
@@ -104,6 +106,7 @@ Bstr end_of_duration(std::wstring_view start, long duration, std::wstring_view u
 
   const DATE from = to_date(first.view());
   const std::wstring_view interval = interval_of_unit(unit);
+  if (duration == std::numeric_limits<long>::min()) raise(Fault::Overflow);
   const DATE end = unit == initial<GeneralConstants>.m_c_sUnitDur_Jour.view()
                        ? add_to_date(from, interval, duration - 1LL)
                        : add_to_date(add_to_date(from, interval, duration), L"d", -1);

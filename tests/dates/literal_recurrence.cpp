@@ -82,10 +82,10 @@ SYSTEMTIME parts_of(DATE date) {
 
 /// Whether the calendar has the day: a day too many moves into the next month, or is refused.
 bool exists(const SYSTEMTIME& parts) {
-  FILETIME time;
+  DATE date = 0;
   SYSTEMTIME again;
-  return SystemTimeToFileTime(&parts, &time) && FileTimeToSystemTime(&time, &again) &&
-         again.wDay == parts.wDay;
+  return SystemTimeToVariantTime(const_cast<SYSTEMTIME*>(&parts), &date) &&
+         VariantTimeToSystemTime(date, &again) && again.wDay == parts.wDay;
 }
 
 /// The same day `count` months on, or the last one that its month has.
@@ -94,7 +94,9 @@ DATE add_months(DATE date, int count) {
   const int months = parts.wYear * 12 + parts.wMonth - 1 + count;
   parts.wYear = static_cast<WORD>(months / 12);
   parts.wMonth = static_cast<WORD>(months % 12 + 1);
-  while (!exists(parts)) --parts.wDay;
+  while (!exists(parts)) {
+    if (--parts.wDay < 28) throw Fault{5};
+  }
   DATE moved = 0;
   if (!SystemTimeToVariantTime(&parts, &moved)) throw Fault{5};
   return moved;
@@ -105,7 +107,8 @@ double leading_number(const std::wstring& text) {
   const std::size_t start = std::min(text.find_first_not_of(L' '), text.size());
   std::size_t end = start;
   if (end < text.size() && (text[end] == L'-' || text[end] == L'+')) ++end;
-  while (end < text.size() && text[end] >= L'0' && text[end] <= L'9') ++end;
+  while (end < text.size() && std::wstring_view(L"0123456789.").find(text[end]) != std::wstring_view::npos)
+    ++end;
   return std::wcstod(text.substr(start, end - start).c_str(), nullptr);
 }
 
@@ -135,8 +138,9 @@ std::wstring checked(const std::wstring& date) {
   if (month == 2 && day > 28) {
     const std::size_t place = date.find(L"/02/");
     const std::size_t start = place == std::wstring::npos ? 3 : place + 4;
-    const auto year = static_cast<long>(leading_number(date.substr(std::min(start, date.size()))));
-    return format((year % 4 == 0 ? L"29/02/" : L"28/02/") + std::to_wstring(year), L"dd/mm/yy");
+    const Variant year(leading_number(date.substr(std::min(start, date.size()))));
+    const bool leap = static_cast<long>(year.get().dblVal) % 4 == 0;
+    return format((leap ? L"29/02/" : L"28/02/") + text_of(year), L"dd/mm/yy");
   }
   if ((month == 4 || month == 6 || month == 9 || month == 11) && day == 31) return L"30" + date.substr(first);
   return date;

@@ -97,7 +97,7 @@ class RandomRules {
   }
 
  private:
-  wchar_t strange() { return std::wstring_view(L"/ -.:aé0139")[static_cast<std::size_t>(between(0, 10))]; }
+  wchar_t strange() { return std::wstring_view(L"/ -.:xé0139")[static_cast<std::size_t>(between(0, 10))]; }
   std::wstring one_of(std::wstring_view letters) { return some_of(letters, 1, 1); }
   std::wstring some_of(std::wstring_view letters, int least, int most) {
     std::wstring text;
@@ -179,9 +179,7 @@ TEST(PeriodiciteRandom, GetPrevNextMonth_AgreesWithTheLiteralRule) {
         outcome_of(object->GetPrevNextMonth(origin.in_out(), record, &back, &result), result);
     ++tally[expected.fault];
     ASSERT_EQ(shown(expected), shown(answered))
-        << "seed " << seed << ": " << utf8(origin.str()) << (back ? " back, " : ", ") << description(*record)
-        << "\nexpected " << expected.fault << " " << utf8(expected.text) << "\ngot      " << answered.fault
-        << " " << utf8(answered.text);
+        << "seed " << seed << ": " << utf8(origin.str()) << (back ? " back, " : ", ") << description(*record);
   }
   EXPECT_GT(tally[0], kRuns / 2);
   EXPECT_GT(tally[13], kRuns / 100);

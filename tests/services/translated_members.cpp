@@ -59,6 +59,7 @@ const std::array<TranslatedMember, kMembers>& translated_members() {
   };
   return members;
 }
+#undef MEMBER
 
 std::vector<std::wstring> expected_texts(const std::wstring& prefix) {
   std::vector<std::wstring> texts;

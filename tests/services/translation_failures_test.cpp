@@ -37,37 +37,37 @@ TEST_F(ClsDLLTrad, InitConstTrad_BeforeInitialisation_SetsNoMember) {
   EXPECT_EQ(before, texts());
 }
 
-TEST_F(ClsDLLTrad, Initialisation_UnknownProgram_IsFault429) {
+TEST_F(ClsDLLTrad, DllInitialisationTrad_UnknownProgram_IsFault429) {
   EXPECT_TRUE(is_fault(initialise(L"HoteInconnu"), 429, L"ClsDLLTrad"));
 }
 
-TEST_F(ClsDLLTrad, Initialisation_UnknownProgram_SetsNoMember) {
+TEST_F(ClsDLLTrad, DllInitialisationTrad_UnknownProgram_SetsNoMember) {
   initialise(L"HoteInconnu");
   EXPECT_EQ(Texts(kMembers), texts());
 }
 
-TEST_F(ClsDLLTrad, Initialisation_UnknownProgram_LeavesNoLink) {
+TEST_F(ClsDLLTrad, DllInitialisationTrad_UnknownProgram_LeavesNoLink) {
   initialise(L"HoteInconnu");
   EXPECT_TRUE(is_fault(translation_->InitConstTrad(), 91, L"ClsDLLTrad"));
 }
 
-TEST_F(ClsDLLTrad, Initialisation_EmptyProgramName_IsFault429) {
+TEST_F(ClsDLLTrad, DllInitialisationTrad_EmptyProgramName_IsFault429) {
   EXPECT_TRUE(is_fault(initialise(L""), 429, L"ClsDLLTrad"));
   BSTR none = nullptr;
   EXPECT_TRUE(is_fault(translation_->DLL_InitialisationTrad(&none), 429, L"ClsDLLTrad"));
 }
 
-TEST_F(ClsDLLTrad, Initialisation_ProgramNameWithABlank_IsAnotherProgram) {
+TEST_F(ClsDLLTrad, DllInitialisationTrad_ProgramNameWithABlank_IsAnotherProgram) {
   EXPECT_TRUE(is_fault(initialise(L"TestHote "), 429, L"ClsDLLTrad"));
 }
 
-TEST_F(ClsDLLTrad, Initialisation_ClassThatMakesNoLink_IsFault429) {
+TEST_F(ClsDLLTrad, DllInitialisationTrad_ClassThatMakesNoLink_IsFault429) {
   host_.makes_none = true;
   EXPECT_TRUE(is_fault(initialise(), 429, L"ClsDLLTrad"));
   EXPECT_EQ(Texts(kMembers), texts());
 }
 
-TEST_F(ClsDLLTrad, Initialisation_UnknownProgramAfterAKnownOne_KeepsTextsAndLink) {
+TEST_F(ClsDLLTrad, DllInitialisationTrad_UnknownProgramAfterAKnownOne_KeepsTextsAndLink) {
   ASSERT_EQ(S_OK, initialise());
   EXPECT_TRUE(is_fault(initialise(L"HoteInconnu"), 429, L"ClsDLLTrad"));
   EXPECT_EQ(expected_texts(), texts());
@@ -76,13 +76,13 @@ TEST_F(ClsDLLTrad, Initialisation_UnknownProgramAfterAKnownOne_KeepsTextsAndLink
   EXPECT_EQ(L"après 17", texts().front());
 }
 
-TEST_F(ClsDLLTrad, Initialisation_NullAddressOfTheName_IsRefused) {
+TEST_F(ClsDLLTrad, DllInitialisationTrad_NullAddressOfTheName_IsRefused) {
   EXPECT_EQ(E_POINTER, translation_->DLL_InitialisationTrad(nullptr));
   EXPECT_EQ(L"VelmoSAV_DLL14.ClsDLLTrad", take_error().source);
   EXPECT_EQ(Texts(kMembers), texts());
 }
 
-TEST_F(ClsDLLTrad, Initialisation_LinkWithoutTheMember_IsFault438AndSetsNoMember) {
+TEST_F(ClsDLLTrad, DllInitialisationTrad_LinkWithoutTheMember_IsFault438AndSetsNoMember) {
   host_.is_mute = true;
   EXPECT_TRUE(is_fault(initialise(), 438, L"ClsDLLTrad"));
   EXPECT_EQ(Texts(kMembers), texts());
@@ -94,24 +94,24 @@ class ClsDLLTradFailingCall : public ClsDLLTrad, public ::testing::WithParamInte
   long identifier_ = translated_members()[failed_].identifier;
 };
 
-TEST_P(ClsDLLTradFailingCall, Initialisation_ItsErrorReachesTheCaller) {
+TEST_P(ClsDLLTradFailingCall, DllInitialisationTrad_ItsErrorReachesTheCaller) {
   host_.fails_at = GetParam();
   EXPECT_TRUE(fails_like_the_link(initialise(), identifier_));
 }
 
-TEST_P(ClsDLLTradFailingCall, Initialisation_NoLaterTextIsAskedFor) {
+TEST_P(ClsDLLTradFailingCall, DllInitialisationTrad_NoLaterTextIsAskedFor) {
   host_.fails_at = GetParam();
   initialise();
   EXPECT_EQ(GetParam(), host_.requests.size());
 }
 
-TEST_P(ClsDLLTradFailingCall, Initialisation_MembersBeforeItAreSetTheOthersStayEmpty) {
+TEST_P(ClsDLLTradFailingCall, DllInitialisationTrad_MembersBeforeItAreSetTheOthersStayEmpty) {
   host_.fails_at = GetParam();
   initialise();
   EXPECT_EQ(mixed(Texts(kMembers), expected_texts(), failed_), texts());
 }
 
-TEST_P(ClsDLLTradFailingCall, InitialisationAgain_MembersBeforeItAreNewTheOthersKeepTheirs) {
+TEST_P(ClsDLLTradFailingCall, DllInitialisationTradAgain_MembersBeforeItAreNewTheOthersKeepTheirs) {
   ASSERT_EQ(S_OK, initialise());
   host_.prefix = L"nouveau ";
   host_.fails_at = kFetches + GetParam();
@@ -119,7 +119,7 @@ TEST_P(ClsDLLTradFailingCall, InitialisationAgain_MembersBeforeItAreNewTheOthers
   EXPECT_EQ(mixed(expected_texts(), expected_texts(L"nouveau "), failed_), texts());
 }
 
-TEST_P(ClsDLLTradFailingCall, InitialisationAgain_TheNewLinkReplacesTheOldOneAllTheSame) {
+TEST_P(ClsDLLTradFailingCall, DllInitialisationTradAgain_TheNewLinkReplacesTheOldOneAllTheSame) {
   ASSERT_EQ(S_OK, initialise());
   host_.fails_at = kFetches + GetParam();
   initialise();
@@ -143,7 +143,7 @@ TEST_P(ClsDLLTradFailingReload, InitConstTrad_MembersBeforeItAreNewTheOthersKeep
 INSTANTIATE_TEST_SUITE_P(Calls, ClsDLLTradFailingReload,
                          ::testing::Range(std::size_t{1}, kReloadedFetches + 1));
 
-TEST_F(ClsDLLTrad, Initialisation_AfterAFailingCall_TheLinkServesInitConstTrad) {
+TEST_F(ClsDLLTrad, DllInitialisationTrad_AfterAFailingCall_TheLinkServesInitConstTrad) {
   host_.fails_at = 1;
   EXPECT_TRUE(FAILED(initialise()));
   EXPECT_EQ(S_OK, translation_->InitConstTrad());
@@ -152,7 +152,7 @@ TEST_F(ClsDLLTrad, Initialisation_AfterAFailingCall_TheLinkServesInitConstTrad) 
   EXPECT_EQ(expected, texts());
 }
 
-TEST_F(ClsDLLTrad, Initialisation_ANullAnswer_IsFault94AndKeepsTheMembersBefore) {
+TEST_F(ClsDLLTrad, DllInitialisationTrad_ANullAnswer_IsFault94AndKeepsTheMembersBefore) {
   host_.answer = [](long identifier) {
     return identifier == 2811 ? null_value() : text_value(std::to_wstring(identifier));
   };

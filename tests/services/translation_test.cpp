@@ -8,14 +8,14 @@ namespace {
 
 TEST_F(ClsDLLTrad, BeforeInitialisation_EveryMemberIsEmpty) { EXPECT_EQ(Texts(kMembers), texts()); }
 
-TEST_F(ClsDLLTrad, Initialisation_GSituatDde_Reads1097) {
+TEST_F(ClsDLLTrad, DllInitialisationTrad_GSituatDde_Reads1097) {
   EXPECT_EQ(S_OK, initialise());
   Text text;
   EXPECT_EQ(S_OK, translation_->get_G_Situat_Dde(&text));
   EXPECT_EQ(L"1097", text.str());
 }
 
-TEST_F(ClsDLLTrad, Initialisation_GFmtMotifResil_ReadsIndetermine) {
+TEST_F(ClsDLLTrad, DllInitialisationTrad_GFmtMotifResil_ReadsIndetermine) {
   EXPECT_EQ(S_OK, initialise());
   Text text;
   EXPECT_EQ(S_OK, translation_->get_G_FmtMotifResil(&text));
@@ -24,7 +24,7 @@ TEST_F(ClsDLLTrad, Initialisation_GFmtMotifResil_ReadsIndetermine) {
 
 class ClsDLLTradMember : public ClsDLLTrad, public ::testing::WithParamInterface<TranslatedMember> {};
 
-TEST_P(ClsDLLTradMember, Initialisation_SetsItToTheTextOfItsIdentifier) {
+TEST_P(ClsDLLTradMember, DllInitialisationTrad_SetsItToTheTextOfItsIdentifier) {
   host_.prefix = L"été ";
   ASSERT_EQ(S_OK, initialise());
   const long identifier = GetParam().identifier;
@@ -43,7 +43,7 @@ TEST_P(ClsDLLTradMember, Initialisation_SetsItToTheTextOfItsIdentifier) {
 INSTANTIATE_TEST_SUITE_P(Members, ClsDLLTradMember, ::testing::ValuesIn(translated_members()),
                          [](const auto& row) { return std::string(row.param.name); });
 
-TEST_F(ClsDLLTrad, Initialisation_AsksForTheIdentifiersInTheMembersOrder) {
+TEST_F(ClsDLLTrad, DllInitialisationTrad_AsksForTheIdentifiersInTheMembersOrder) {
   ASSERT_EQ(S_OK, initialise());
   std::vector<long> expected;
   for (const TranslatedMember& member : translated_members()) {
@@ -53,7 +53,7 @@ TEST_F(ClsDLLTrad, Initialisation_AsksForTheIdentifiersInTheMembersOrder) {
   EXPECT_EQ(expected, identifiers());
 }
 
-TEST_F(ClsDLLTrad, Initialisation_PassesIdentifiersUpTo32767AsSixteenBitNumbers) {
+TEST_F(ClsDLLTrad, DllInitialisationTrad_PassesIdentifiersUpTo32767AsSixteenBitNumbers) {
   ASSERT_EQ(S_OK, initialise());
   std::size_t sixteen_bits = 0;
   for (const Request& request : host_.requests) {
@@ -63,13 +63,13 @@ TEST_F(ClsDLLTrad, Initialisation_PassesIdentifiersUpTo32767AsSixteenBitNumbers)
   EXPECT_EQ(27U, sixteen_bits);
 }
 
-TEST_F(ClsDLLTrad, Initialisation_UsesOneLinkForAllCalls) {
+TEST_F(ClsDLLTrad, DllInitialisationTrad_UsesOneLinkForAllCalls) {
   ASSERT_EQ(S_OK, initialise());
   ASSERT_EQ(1U, host_.links.size());
   EXPECT_EQ(std::vector<std::wstring>(kFetches, L"call GetTraduction_EXE(1)"), host_.links[0]->log);
 }
 
-TEST_F(ClsDLLTrad, Initialisation_TakesTheLinkOfTheProgramThatIsNamed) {
+TEST_F(ClsDLLTrad, DllInitialisationTrad_TakesTheLinkOfTheProgramThatIsNamed) {
   TranslationHost other(L"AutreHote");
   other.prefix = L"autre ";
   EXPECT_EQ(S_OK, initialise(L"AutreHote"));
@@ -77,13 +77,13 @@ TEST_F(ClsDLLTrad, Initialisation_TakesTheLinkOfTheProgramThatIsNamed) {
   EXPECT_TRUE(host_.requests.empty());
 }
 
-TEST_F(ClsDLLTrad, Initialisation_ReplacesWhatTheHostHadAssigned) {
+TEST_F(ClsDLLTrad, DllInitialisationTrad_ReplacesWhatTheHostHadAssigned) {
   assign_texts(translation_.get(), L"hôte ");
   ASSERT_EQ(S_OK, initialise());
   EXPECT_EQ(expected_texts(), texts());
 }
 
-TEST_F(ClsDLLTrad, Initialisation_CalledTwice_ReplacesTheLink) {
+TEST_F(ClsDLLTrad, DllInitialisationTrad_CalledTwice_ReplacesTheLink) {
   ASSERT_EQ(S_OK, initialise());
   ASSERT_EQ(1U, host_.links.size());
   EXPECT_EQ(2, host_.links[0]->references());
@@ -93,7 +93,7 @@ TEST_F(ClsDLLTrad, Initialisation_CalledTwice_ReplacesTheLink) {
   EXPECT_EQ(2, host_.links[1]->references());
 }
 
-TEST_F(ClsDLLTrad, Initialisation_CalledTwice_ReloadsEveryMember) {
+TEST_F(ClsDLLTrad, DllInitialisationTrad_CalledTwice_ReloadsEveryMember) {
   ASSERT_EQ(S_OK, initialise());
   host_.prefix = L"nouveau ";
   ASSERT_EQ(S_OK, initialise());
@@ -143,13 +143,13 @@ TEST_F(ClsDLLTrad, InitConstTrad_ReplacesWhatTheHostHadAssignedButTheLastFourMem
   EXPECT_EQ(expected, texts());
 }
 
-TEST_F(ClsDLLTrad, Initialisation_AnAnswerThatIsANumber_BecomesText) {
+TEST_F(ClsDLLTrad, DllInitialisationTrad_AnAnswerThatIsANumber_BecomesText) {
   host_.answer = [](long identifier) { return Variant(identifier); };
   ASSERT_EQ(S_OK, initialise());
   EXPECT_EQ(expected_texts(), texts());
 }
 
-TEST_F(ClsDLLTrad, Initialisation_AnEmptyAnswer_IsAnEmptyText) {
+TEST_F(ClsDLLTrad, DllInitialisationTrad_AnEmptyAnswer_IsAnEmptyText) {
   host_.answer = [](long) { return Variant(); };
   assign_texts(translation_.get(), L"hôte ");
   ASSERT_EQ(S_OK, initialise());
@@ -158,7 +158,7 @@ TEST_F(ClsDLLTrad, Initialisation_AnEmptyAnswer_IsAnEmptyText) {
   EXPECT_EQ(expected, texts());
 }
 
-TEST_F(ClsDLLTrad, LateBound_InitialisationTakesAScriptVariable) {
+TEST_F(ClsDLLTrad, LateBound_DllInitialisationTradTakesAScriptVariable) {
   Variant program = text_value(L"TestHote");
   EXPECT_EQ(S_OK, call(translation_.get(), L"DLL_InitialisationTrad", arguments(by_reference(program.get())),
                        nullptr));
@@ -166,7 +166,7 @@ TEST_F(ClsDLLTrad, LateBound_InitialisationTakesAScriptVariable) {
   EXPECT_EQ(L"TestHote", velmosav::view(program.get().bstrVal));
 }
 
-TEST_F(ClsDLLTrad, LateBound_InitialisationTakesATypedVariable) {
+TEST_F(ClsDLLTrad, LateBound_DllInitialisationTradTakesATypedVariable) {
   Text program(L"TestHote");
   EXPECT_EQ(S_OK,
             call(translation_.get(), L"DLL_InitialisationTrad", arguments(by_reference(program)), nullptr));
