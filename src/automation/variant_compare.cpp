@@ -102,11 +102,21 @@ bool is_numeric(VARTYPE type) noexcept {
 
 bool is_value(VARTYPE type) noexcept { return type == VT_EMPTY || type == VT_BSTR || is_numeric(type); }
 
-bool platform_equal(const VARIANT& left, const VARIANT& right) {
-  const HRESULT order =
-      VarCmp(const_cast<VARIANT*>(&left), const_cast<VARIANT*>(&right), LOCALE_USER_DEFAULT, 0);
-  if (FAILED(order)) check_conversion(order);
-  return order == VARCMP_EQ;
+bool is_floating(VARTYPE type) noexcept { return type == VT_R4 || type == VT_R8 || type == VT_DATE; }
+
+DECIMAL decimal_of(const VARIANT& value) {
+  Variant result;
+  check_conversion(
+      VariantChangeTypeEx(&result.get(), const_cast<VARIANT*>(&value), LOCALE_USER_DEFAULT, 0, VT_DECIMAL));
+  return result.get().decVal;
+}
+
+/// Numbers that do not all fit a double: exactly when both are fixed-point, else as doubles.
+bool equal_numbers(const VARIANT& left, VARTYPE left_type, const VARIANT& right, VARTYPE right_type) {
+  if (is_floating(left_type) || is_floating(right_type)) return to_double(left) == to_double(right);
+  DECIMAL a = decimal_of(left);
+  DECIMAL b = decimal_of(right);
+  return VarDecCmp(&a, &b) == VARCMP_EQ;
 }
 
 }  // namespace
@@ -124,7 +134,7 @@ bool equal_values(const VARIANT& left, const VARIANT& right) {
   double x = 0;
   double y = 0;
   if ((a.type == VT_EMPTY || exact_double(a, x)) && (b.type == VT_EMPTY || exact_double(b, y))) return x == y;
-  return platform_equal(dereferenced(left), dereferenced(right));
+  return equal_numbers(dereferenced(left), a.type, dereferenced(right), b.type);
 }
 
 KeyKind key_kind(const VARIANT& value) noexcept {

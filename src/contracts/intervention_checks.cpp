@@ -29,8 +29,9 @@ bool correct(const Type_Contrat& contract, BSTR& date, BSTR bound) {
 std::wstring label_key(const Type_Intervention& intervention) {
   const Bstr site = upper(trim(view(intervention.CodeSite)));
   const Bstr label = upper(trim(view(intervention.Libelle)));
-  // The length of the site keeps the two apart.
-  std::wstring key(1, static_cast<wchar_t>(site.view().size()));
+  // The length of the site, in two characters, keeps the two apart.
+  const std::size_t length = site.view().size();
+  std::wstring key{static_cast<wchar_t>(length & 0xFFFF), static_cast<wchar_t>(length >> 16)};
   return key.append(site.view()).append(label.view());
 }
 
