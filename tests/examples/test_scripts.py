@@ -2,6 +2,7 @@
 
 import pathlib
 import subprocess
+import tempfile
 import unittest
 
 SCRIPTS = pathlib.Path(__file__).resolve().parents[2] / "examples" / "scripts"
@@ -13,20 +14,28 @@ def windows_path(path):
     return "Z:" + str(path).replace("/", "\\")
 
 
+def in_wine(*command):
+    """(exit code, output) of a program. The output goes through a file: the platform's own services, which the first
+    program starts, keep a pipe open long after it."""
+    with tempfile.TemporaryFile() as output:
+        done = subprocess.run(["wine", *command], stdin=subprocess.DEVNULL, stdout=output, stderr=subprocess.DEVNULL,
+                              timeout=TIME_LIMIT, check=False)
+        output.seek(0)
+        return done.returncode, output.read()
+
+
 def run(script):
     """(exit code, printed lines) of a script. A script that ends early still exits with 0: look at its lines."""
-    done = subprocess.run(["wine", "cscript", "//nologo", windows_path(SCRIPTS / script)], capture_output=True,
-                          timeout=TIME_LIMIT, check=False)
-    return done.returncode, done.stdout.decode("cp850").replace("\r\n", "\n").split("\n")
+    code, output = in_wine("cscript", "//nologo", windows_path(SCRIPTS / script))
+    return code, output.decode("cp850").replace("\r\n", "\n").split("\n")
 
 
 def register_link(*options):
     """Registers the scripted link object; with "/u", takes it away again."""
     link = windows_path(SCRIPTS / "DemoHote.wsc")
-    done = subprocess.run(["wine", "regsvr32", "/s", *options, "/n", f"/i:{link}", "scrobj.dll"], capture_output=True,
-                          timeout=TIME_LIMIT, check=False)
-    if done.returncode:
-        raise RuntimeError(f"regsvr32 {' '.join(options)} DemoHote.wsc: code {done.returncode}")
+    code, _ = in_wine("regsvr32", "/s", *options, "/n", f"/i:{link}", "scrobj.dll")
+    if code:
+        raise RuntimeError(f"regsvr32 {' '.join(options)} DemoHote.wsc: code {code}")
 
 
 class Script:

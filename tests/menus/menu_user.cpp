@@ -57,13 +57,16 @@ void MenuUser::leave() {
 }
 
 void MenuUser::run() {
-  while (!over_) {
-    if (find_menu()) {
+  const auto limit = Clock::now() + kPatience;
+  bool acted = false;
+  while (!over_ && Clock::now() < limit) {
+    if (!acted && find_menu()) {
       act_(owner_, menu_);
-      return wait_for_the_end();
+      acted = true;
     }
     std::this_thread::sleep_for(kStep);
   }
+  if (!over_) cancel();
 }
 
 bool MenuUser::find_menu() {
@@ -81,13 +84,11 @@ bool MenuUser::find_menu() {
   return true;
 }
 
-void MenuUser::wait_for_the_end() {
-  const auto start = Clock::now();
-  while (!over_ && Clock::now() < start + kPatience) std::this_thread::sleep_for(kStep);
-  if (over_) return;
+void MenuUser::cancel() {
+  const auto limit = Clock::now() + kPatience;
   stuck_ = true;
   SendMessageTimeoutW(owner_, WM_CANCELMODE, 0, 0, SMTO_NORMAL, 2000, nullptr);
-  while (!over_ && Clock::now() < start + 2 * kPatience) std::this_thread::sleep_for(kStep);
+  while (!over_ && Clock::now() < limit) std::this_thread::sleep_for(kStep);
   if (over_) return;
   std::fputs("a menu cannot be closed: giving up\n", stderr);
   std::_Exit(3);

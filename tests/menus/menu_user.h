@@ -45,7 +45,7 @@ class MenuUser {
  private:
   void run();
   bool find_menu();
-  void wait_for_the_end();
+  void cancel();
   void leave();
 
   const DWORD thread_to_watch_ = GetCurrentThreadId();

@@ -4,9 +4,9 @@
 
 namespace host {
 
-ScreenButton::ScreenButton(RECT place)
-    : handle_(CreateWindowExW(0, L"BUTTON", L"Menu", WS_POPUP, place.left, place.top,
-                              place.right - place.left, place.bottom - place.top, nullptr, nullptr,
+ScreenButton::ScreenButton(RECT place, HWND parent)
+    : handle_(CreateWindowExW(0, L"BUTTON", L"Menu", parent ? WS_CHILD : WS_POPUP, place.left, place.top,
+                              place.right - place.left, place.bottom - place.top, parent, nullptr,
                               GetModuleHandleW(nullptr), nullptr)) {
   EXPECT_NE(nullptr, handle_) << "no window: is there a display?";
   // An active window waits for a window manager, which a test's display lacks.

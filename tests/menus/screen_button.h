@@ -9,7 +9,8 @@ class ScreenButton {
  public:
   static constexpr RECT kPlace{200, 150, 360, 180};
 
-  explicit ScreenButton(RECT place = kPlace);
+  /// A pop-up of its own, shown without taking the focus, or a child of a window.
+  explicit ScreenButton(RECT place = kPlace, HWND parent = nullptr);
   ~ScreenButton() { DestroyWindow(handle_); }
   ScreenButton(const ScreenButton&) = delete;
   ScreenButton& operator=(const ScreenButton&) = delete;

@@ -51,7 +51,11 @@ TEST_F(ContratDocLabels, CheckLibInterCtt_InnerBlanksAndTabsSeparate) {
 }
 
 TEST_F(ContratDocLabels, CheckLibInterCtt_BlankLabelsNeverClash) {
-  EXPECT_EQ("none", clash({{.site = L"S"}, {.site = L"S"}, {.site = L"S", .label = L"  "}}));
+  EXPECT_EQ("none", clash({{.site = L"S"},
+                           {.site = L"S"},
+                           {.site = L"S", .label = L"  "},
+                           {.site = L"S", .label = L" "},
+                           {.site = L"S", .label = L" "}}));
 }
 
 TEST_F(ContratDocLabels, CheckLibInterCtt_RowsWithoutSiteClashByTheirLabel) {

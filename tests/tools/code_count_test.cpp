@@ -136,7 +136,8 @@ TEST_F(ListeCodesNbCodes, QuotingCostsInStepWithTheNumberOfQuotes) {
       }
     });
   };
-  EXPECT_LT(repeated(200000) / repeated(50000), kMostRatio);
+  // Sixteen times the text, so that the cost of fresh memory pages does not look like a second factor.
+  EXPECT_LT(repeated(800000) / repeated(50000), 100);
 }
 
 }  // namespace
