@@ -21,9 +21,10 @@ class Menu {
   void add_entry(std::wstring_view caption, std::wstring_view key);
   void add_separator();
 
-  /// Shows the menu below a window of the calling thread, left edge on left edge (above it where the screen
-  /// ends), and waits. The chosen entry's key; empty when the menu is dismissed, at once when it has no
-  /// entry. Refuses a handle that is no window of this thread.
+  /// Shows the menu below a window of the calling thread, left edge on left edge, and waits. Where the screen
+  /// ends, it goes above the window as far as the platform can avoid covering it. The chosen entry's key;
+  /// empty when the menu is dismissed, at once when it has no entry. Refuses a handle that is no window of
+  /// this thread.
   [[nodiscard]] std::wstring choose(HWND window) const;
 
  private:

@@ -141,6 +141,7 @@ TEST_F(PopupComponent, TwoAmpersands_AreNoAccessKey) {
 }
 
 TEST_F(PopupComponent, IsDrivenByTheKeyboard) {
+  SetForegroundWindow(button_.handle());
   add(L"Premier", L"1");
   add(L"Second", L"2");
   EXPECT_EQ(L"2", execute_and(host::press_keyboard({VK_DOWN, VK_DOWN, VK_RETURN})));

@@ -52,7 +52,10 @@ const ShownMenu& MenuUser::menu() {
 
 void MenuUser::leave() {
   over_ = true;
-  if (thread_.joinable()) thread_.join();
+  if (!thread_.joinable()) return;
+  thread_.join();
+  // What the keyboard and the mouse left, as a host's own loop takes it.
+  for (MSG message; PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE);) DispatchMessageW(&message);
   EXPECT_FALSE(stuck_.exchange(false)) << "the menu stayed open";
 }
 
@@ -113,7 +116,13 @@ MenuUser::Act type(wchar_t character) {
 }
 
 MenuUser::Act press_keyboard(std::vector<BYTE> codes) {
-  return [codes = std::move(codes)](HWND, const ShownMenu&) {
+  return [codes = std::move(codes)](HWND owner, const ShownMenu&) {
+    // The system gives the keyboard to the foreground window alone.
+    const auto limit = Clock::now() + kPatience / 2;
+    while (GetForegroundWindow() != owner && Clock::now() < limit) {
+      SetForegroundWindow(owner);
+      std::this_thread::sleep_for(kStep);
+    }
     for (const BYTE code : codes) {
       keybd_event(code, 0, 0, 0);
       keybd_event(code, 0, KEYEVENTF_KEYUP, 0);

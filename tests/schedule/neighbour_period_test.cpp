@@ -56,8 +56,7 @@ TEST_F(NeighbourPeriod, TextThatIsNoDateIsFault13) {
     EXPECT_TRUE(is_contract_fault(contracts_->CadFactPeriod_GetEndFromNextStart(Text(text), &result), 13));
     EXPECT_TRUE(
         is_contract_fault(contracts_->CadFactPeriod_GetStartFromPreviousEnd(Text(text), &result), 13));
-    EXPECT_TRUE(
-        is_contract_fault(contracts_->Ctt_SetCadFactStartPeriod(contract_, Text(text), &result), 13));
+    EXPECT_TRUE(is_contract_fault(contracts_->Ctt_SetCadFactStartPeriod(contract_, Text(text), &result), 13));
     EXPECT_TRUE(is_contract_fault(contracts_->Ctt_SetCadFactEndPeriod(contract_, Text(text), &result), 13));
   }
 }
@@ -111,8 +110,8 @@ TEST_F(NeighbourPeriod, SetCadFactEndPeriodIsNotHeldByTheContractsStart) {
 TEST_F(NeighbourPeriod, ContractEndThatIsNoDateIsFault13) {
   contract_end(L"fin");
   Text result;
-  EXPECT_TRUE(is_contract_fault(
-      contracts_->Ctt_SetCadFactStartPeriod(contract_, Text(L"01/01/2025"), &result), 13));
+  EXPECT_TRUE(
+      is_contract_fault(contracts_->Ctt_SetCadFactStartPeriod(contract_, Text(L"01/01/2025"), &result), 13));
   EXPECT_TRUE(
       is_contract_fault(contracts_->Ctt_SetCadFactEndPeriod(contract_, Text(L"01/01/2025"), &result), 13));
 }

@@ -73,10 +73,9 @@ void ScheduleTest::expect_spread_fault(int fault, Type_Contrat& contract, short 
                                        bool start) {
   const auto before = snapshot(contract);
   short result = 0;
-  EXPECT_TRUE(is_contract_fault(
-      contracts_->CadFact_SpreadPeriodDateEdition(&contract, edited, Text(date),
-                                                  velmosav::to_variant_bool(start), &result),
-      fault));
+  EXPECT_TRUE(is_contract_fault(contracts_->CadFact_SpreadPeriodDateEdition(
+                                    &contract, edited, Text(date), velmosav::to_variant_bool(start), &result),
+                                fault));
   EXPECT_EQ(kNone, differences(*before, contract));
 }
 

@@ -2,7 +2,6 @@
 // test.
 #pragma once
 
-#include <initializer_list>
 #include <string>
 
 #include "support/records.h"
@@ -26,7 +25,7 @@ Record<Type_Contrat> sample_contract(const std::vector<Period>& periods = {});
 /// Four rows of a month each: January to April 2025.
 std::vector<Period> four_months();
 
-inline Type_CadencierFact& row(Type_Contrat& contract, unsigned long index) {
+inline Type_CadencierFact& row(const Type_Contrat& contract, unsigned long index) {
   return element<Type_CadencierFact>(contract.TabCadFact, index);
 }
 /// Number of elements, whatever the lower bound; -1 when never dimensioned.
