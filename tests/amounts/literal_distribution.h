@@ -3,6 +3,8 @@
 // only the texts that those tests write.
 #pragma once
 
+#include "support/literal_fault.h"
+
 #include "automation/platform.h"
 
 #include <VelmoSAV_DLL14.h>
@@ -11,11 +13,6 @@
 #include <string>
 
 namespace literal {
-
-/// What a step raises: the number of the run-time's fault.
-struct RunTimeFault {
-  int number;
-};
 
 /// Halves away from zero on the 15 significant digits of the value. A zero has no sign.
 double round_amount(double value, int decimals);

@@ -1,43 +1,14 @@
 // Random distributions and amounts: the library through COM against the literal transcription, record by
 // record. The seed is printed; VELMOSAV_TEST_SEED in the environment repeats a run.
 #include <cmath>
-#include <cstdlib>
-#include <iostream>
-#include <random>
 
 #include "amounts/literal_distribution.h"
 #include "amounts/vat_table.h"
+#include "support/chance.h"
 
 namespace {
 
 using namespace host;
-
-class Chance {
- public:
-  Chance() : seed_(chosen_seed()), engine_(seed_) {
-    std::cout << "VELMOSAV_TEST_SEED=" << seed_ << std::endl;
-  }
-
-  [[nodiscard]] unsigned seed() const { return seed_; }
-  int number(int lowest, int highest) { return std::uniform_int_distribution<int>(lowest, highest)(engine_); }
-  bool one_in(int count) { return number(1, count) == 1; }
-  double real(double lowest, double highest) {
-    return std::uniform_real_distribution<double>(lowest, highest)(engine_);
-  }
-  template <class T>
-  const T& of(const std::vector<T>& values) {
-    return values[static_cast<std::size_t>(number(0, static_cast<int>(values.size()) - 1))];
-  }
-
- private:
-  static unsigned chosen_seed() {
-    const char* wanted = std::getenv("VELMOSAV_TEST_SEED");
-    return wanted ? static_cast<unsigned>(std::strtoul(wanted, nullptr, 10)) : std::random_device{}();
-  }
-
-  unsigned seed_;
-  std::mt19937 engine_;
-};
 
 double random_amount(Chance& chance) {
   const double sign = chance.one_in(4) ? -1 : 1;
@@ -131,16 +102,6 @@ Tables random_tables(Chance& chance) {
   return tables;
 }
 
-template <class Steps>
-HRESULT literal_outcome(Steps&& steps) {
-  try {
-    steps();
-    return S_OK;
-  } catch (const literal::RunTimeFault& fault) {
-    return static_cast<HRESULT>(0x800A0000UL + static_cast<unsigned long>(fault.number));
-  }
-}
-
 struct Pivot {
   double amount;
   std::wstring kind;
@@ -165,7 +126,7 @@ void compare_one(Chance& chance, _TvaRepart* object, Tables& tables) {
   Record<Type_RepartTVA> expected, actual;
   short expected_code = first_code;
   short code = first_code;
-  const HRESULT expected_result = literal_outcome([&] {
+  const HRESULT expected_result = literal::outcome_of([&] {
     literal::read_distribution(text, tables.literal, pivot.amount, pivot.kind, pivot.decimals, expected_code,
                                *expected);
   });
@@ -180,7 +141,7 @@ void compare_one(Chance& chance, _TvaRepart* object, Tables& tables) {
   const Variant second_kind = pivot.kind_given ? text_value(pivot.kind) : missing();
   double expected_total = 0;
   double total = 0;
-  const HRESULT spread_result = literal_outcome(
+  const HRESULT spread_result = literal::outcome_of(
       [&] { expected_total = literal::spread_amount(*expected, pivot.amount, pivot.kind, pivot.decimals); });
   ASSERT_EQ(spread_result, object->GetAmountByRepartTVA(tables.host.argument(), actual, pivot.amount,
                                                         second_kind.get(), pivot.decimals, &total))
@@ -217,7 +178,7 @@ TEST(Outil, RandomAmountsAgreeWithTheLiteralSteps) {
     const auto agree = [&](const char* name, auto&& steps, auto&& method) {
       double expected = 0;
       double result = 0;
-      const HRESULT outcome = literal_outcome([&] { expected = steps(); });
+      const HRESULT outcome = literal::outcome_of([&] { expected = steps(); });
       ASSERT_EQ(outcome, method(&result)) << name << " " << rate << " % of " << amount;
       ASSERT_EQ(expected, result) << name << " " << rate << " % of " << amount << " at " << int{decimals};
       ASSERT_EQ(std::signbit(expected), std::signbit(result)) << name << " " << rate << " % of " << amount;

@@ -3,6 +3,8 @@
 // comparisons: it must never ship, it is slow.
 #pragma once
 
+#include "support/literal_fault.h"
+
 #include "automation/platform.h"
 
 #include <VelmoSAV_DLL14.h>
@@ -10,11 +12,6 @@
 #include <string>
 
 namespace literal {
-
-/// What a step raises: the number of the run-time's fault.
-struct RunTimeFault {
-  int number;
-};
 
 /// CadFact_SpreadPeriodDateEdition. After a fault the contract is as it was.
 short spread_period_date(Type_Contrat& contract, short edited_row, const std::wstring& date, bool start);

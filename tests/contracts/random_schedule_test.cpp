@@ -1,24 +1,16 @@
 // Random contracts, through the library by COM and through the literal rules: answers, faults, variables by
-// reference and whole records must agree. The seed is printed; SCHEDULE_SEED repeats a run.
+// reference and whole records must agree. The seed is printed; VELMOSAV_TEST_SEED repeats a run.
 #include <cstdio>
-#include <cstdlib>
 #include <map>
 #include <random>
 
 #include "contracts/contract_fixture.h"
 #include "contracts/literal_schedule.h"
+#include "support/chance.h"
 
 namespace {
 
 using namespace host;
-
-unsigned chosen_seed() {
-  const char* given = std::getenv("SCHEDULE_SEED");
-  const unsigned seed =
-      given ? static_cast<unsigned>(std::strtoul(given, nullptr, 10)) : std::random_device{}();
-  std::printf("SCHEDULE_SEED=%u\n", seed);
-  return seed;
-}
 
 /// Contracts whose rows mostly follow each other, by a few days, with now and then a gap, an overlap or a
 /// text that is no date.
@@ -148,16 +140,6 @@ std::string description(const Type_Contrat& contract) {
   return text;
 }
 
-template <class Steps>
-HRESULT literal_outcome(Steps&& steps) {
-  try {
-    steps();
-    return S_OK;
-  } catch (const literal::RunTimeFault& fault) {
-    return static_cast<HRESULT>(0x800A0000UL + static_cast<unsigned long>(fault.number));
-  }
-}
-
 /// How often each outcome was met: a comparison that meets only one kind says little.
 using Tally = std::map<std::string, int>;
 
@@ -187,7 +169,7 @@ TEST(ContratDocRandom, CadFact_SpreadPeriodDateEdition_AgreesWithTheLiteralSteps
     const bool start = random.chance(2);
 
     short expected_result = 0;
-    const HRESULT expected_code = literal_outcome(
+    const HRESULT expected_code = literal::outcome_of(
         [&] { expected_result = literal::spread_period_date(*expected, edited, date, start); });
     SCOPED_TRACE("seed " + std::to_string(seed) + " run " + std::to_string(i) + ": row " +
                  std::to_string(edited) + (start ? " start " : " end ") + utf8(date) + ", " +
@@ -219,7 +201,7 @@ TEST(ContratDocRandom, AjouterCadFactCtt_AgreesWithTheLiteralSteps) {
     const std::wstring invoicing = random.near_text(), start = random.near_text(), end = random.near_text();
 
     short expected_result = 0;
-    const HRESULT expected_code = literal_outcome(
+    const HRESULT expected_code = literal::outcome_of(
         [&] { expected_result = literal::add_row(*expected, invoicing, start, end, expected_index); });
     SCOPED_TRACE("seed " + std::to_string(seed) + " run " + std::to_string(i) + ": index " +
                  std::to_string(index) + " end " + utf8(end) + ", " + description(*record));
@@ -251,7 +233,7 @@ TEST(ContratDocRandom, GetLastDatePeriode_AgreesWithTheLiteralSteps) {
 
     std::wstring expected;
     const HRESULT expected_code =
-        literal_outcome([&] { expected = literal::last_period_date(*record, transferred, fallback); });
+        literal::outcome_of([&] { expected = literal::last_period_date(*record, transferred, fallback); });
     SCOPED_TRACE("seed " + std::to_string(seed) + " run " + std::to_string(i) +
                  (transferred ? " transferred " : " any ") + utf8(fallback) + ", " + description(*record));
     Text result;
@@ -283,7 +265,7 @@ TEST(ContratDocRandom, SetDateByDuree_AgreesWithTheLiteralSteps) {
 
     std::wstring expected;
     const HRESULT expected_code =
-        literal_outcome([&] { expected = literal::date_by_duration(start, duration, unit); });
+        literal::outcome_of([&] { expected = literal::date_by_duration(start, duration, unit); });
     SCOPED_TRACE("seed " + std::to_string(seed) + " run " + std::to_string(i) + ": " + utf8(start) + " " +
                  std::to_string(duration) + " " + utf8(unit));
     Text result;

@@ -58,6 +58,20 @@ TEST(ContratDoc, CadFact_SpreadPeriodDateEdition_ForwardDoesNotReadTheContractSt
   EXPECT_EQ(1, Contracts().spread_end(record, 0, L"10/04/2025"));
 }
 
+TEST(ContratDoc, CadFact_SpreadPeriodDateEdition_ForwardDoesNotReadTheStartThatItReplaces) {
+  auto record = quarterly();
+  set(row(record, 1).DateDeb, L"");
+  EXPECT_EQ(1, Contracts().spread_end(record, 0, L"10/04/2025"));
+  EXPECT_EQ(L"11/04/25", get(row(record, 1).DateDeb));
+}
+
+TEST(ContratDoc, CadFact_SpreadPeriodDateEdition_BackwardDoesNotReadTheEndThatItReplaces) {
+  auto record = quarterly();
+  set(row(record, 1).DateFin, L"");
+  EXPECT_EQ(1, Contracts().spread_start(record, 2, L"10/06/2025"));
+  EXPECT_EQ(L"09/06/25", get(row(record, 1).DateFin));
+}
+
 TEST(ContratDoc, CadFact_SpreadPeriodDateEdition_ContractEndThatIsNoDateIsFault13) {
   auto record = quarterly();
   set(record->DateFin, L"reconduction");

@@ -1,25 +1,16 @@
 // Random dates and rules, through the library and through the literal rules: the answers, the faults and the
-// variables by reference must agree. The seed is printed; RECURRENCE_SEED repeats a run.
-#include <cstdio>
-#include <cstdlib>
+// variables by reference must agree. The seed is printed; VELMOSAV_TEST_SEED repeats a run.
 #include <map>
 #include <random>
 
 #include "dates/literal_recurrence.h"
 #include "dates/recurrence_fixture.h"
+#include "support/chance.h"
 
 namespace {
 
 using namespace host;
 using literal::Outcome;
-
-unsigned chosen_seed() {
-  const char* given = std::getenv("RECURRENCE_SEED");
-  const unsigned seed =
-      given ? static_cast<unsigned>(std::strtoul(given, nullptr, 10)) : std::random_device{}();
-  std::printf("RECURRENCE_SEED=%u\n", seed);
-  return seed;
-}
 
 Outcome outcome_of(HRESULT code, const Text& result) {
   if (code == S_OK) return {0, result.str()};

@@ -2,17 +2,14 @@
 // The yardstick of the random comparisons: it must never ship, it copies the record at each insertion.
 #pragma once
 
+#include "support/literal_fault.h"
+
 #include <optional>
 #include <string>
 
 #include "support/records.h"
 
 namespace literal {
-
-/// What a step raises: the number of the run-time's fault.
-struct RunTimeFault {
-  int number;
-};
 
 /// -1 for a list that was never dimensioned.
 int count_articles(const Type_Couverture& coverage);

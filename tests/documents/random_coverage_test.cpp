@@ -1,7 +1,7 @@
 // Random coverages: insertions and searches by the library against the literal steps, record by record.
 #include "documents/coverage_list.h"
 #include "documents/literal_coverage.h"
-#include "tools/chance.h"
+#include "support/chance.h"
 
 namespace {
 
@@ -10,16 +10,6 @@ using host::Record;
 using host::Variant;
 
 const std::vector<std::wstring> kCodes = {L"A1", L" A1", L"A1 ", L"B2", L"b2", L"", L" ", L"C 3"};
-
-template <class Steps>
-HRESULT literal_outcome(Steps&& steps) {
-  try {
-    steps();
-    return S_OK;
-  } catch (const literal::RunTimeFault& fault) {
-    return static_cast<HRESULT>(0x800A0000UL + static_cast<unsigned long>(fault.number));
-  }
-}
 
 Record<Type_Couverture> random_coverage(Chance& chance) {
   Record<Type_Couverture> coverage;
@@ -50,7 +40,7 @@ void compare_one(Chance& chance, _Couverture* object) {
     if (!chance.one_in(4)) index = chance.number(chance.one_in(8) ? -3 : 0, 10);
     SCOPED_TRACE("index " + (index ? std::to_string(*index) : "missing"));
 
-    const HRESULT inserted = literal_outcome([&] { literal::insert_line(expected, index); });
+    const HRESULT inserted = literal::outcome_of([&] { literal::insert_line(expected, index); });
     ASSERT_EQ(inserted, object->InsererLigCouverture(actual, as_argument(chance, index).get()));
     ASSERT_EQ(std::vector<std::string>(), host::differences(*expected, *actual));
 
@@ -58,7 +48,7 @@ void compare_one(Chance& chance, _Couverture* object) {
     bool contained = false;
     VARIANT_BOOL found = 77;
     const HRESULT searched =
-        literal_outcome([&] { contained = literal::contains_article(*expected, article, index); });
+        literal::outcome_of([&] { contained = literal::contains_article(*expected, article, index); });
     ASSERT_EQ(searched,
               object->ArtDejaPresent(host::Text(article), actual, as_argument(chance, index).get(), &found));
     ASSERT_EQ(velmosav::to_variant_bool(contained), found) << host::utf8(article);

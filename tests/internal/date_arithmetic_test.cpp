@@ -1,16 +1,15 @@
 // Date arithmetic against the platform's calendar, which knows nothing of automation dates.
-// The seed is printed; DATE_ARITHMETIC_SEED repeats a run.
+// The seed is printed; VELMOSAV_TEST_SEED repeats a run.
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstdio>
-#include <cstdlib>
 #include <functional>
 #include <random>
 
 #include "automation/date_text.h"
 #include "automation/fault.h"
 #include "support/host.h"
+#include "support/chance.h"
 
 namespace {
 
@@ -18,14 +17,6 @@ using host::utf8;
 
 constexpr DATE kFirstDay = 2;     // 01/01/1900
 constexpr DATE kLastDay = 73050;  // 31/12/2099
-
-unsigned chosen_seed() {
-  const char* given = std::getenv("DATE_ARITHMETIC_SEED");
-  const unsigned seed =
-      given ? static_cast<unsigned>(std::strtoul(given, nullptr, 10)) : std::random_device{}();
-  std::printf("DATE_ARITHMETIC_SEED=%u\n", seed);
-  return seed;
-}
 
 SYSTEMTIME parts_of(DATE date) {
   SYSTEMTIME parts{};
@@ -72,7 +63,7 @@ DATE platform_add_months(DATE date, long long count) {
 }
 
 TEST(AddToDate, AgreesWithThePlatformsCalendarOnRandomDates) {
-  const unsigned seed = chosen_seed();
+  const unsigned seed = host::chosen_seed();
   std::mt19937 engine(seed);
   const auto between = [&](int least, int most) {
     return std::uniform_int_distribution<int>(least, most)(engine);

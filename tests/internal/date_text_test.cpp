@@ -1,16 +1,15 @@
 // The fast roads of date_text against the platform's own: every day of two centuries, odd texts.
 // DateText holds for every user, FrenchDateText where the day comes first. The seed is printed;
-// DATE_TEXT_SEED repeats a run.
+// VELMOSAV_TEST_SEED repeats a run.
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <cstdlib>
 #include <random>
 #include <string>
 #include <vector>
 
 #include "automation/date_text.h"
 #include "support/host.h"
+#include "support/chance.h"
 
 namespace {
 
@@ -18,14 +17,6 @@ using host::utf8;
 
 constexpr DATE kFirstDay = 2;     // 01/01/1900
 constexpr DATE kLastDay = 73050;  // 31/12/2099
-
-unsigned chosen_seed() {
-  const char* given = std::getenv("DATE_TEXT_SEED");
-  const unsigned seed =
-      given ? static_cast<unsigned>(std::strtoul(given, nullptr, 10)) : std::random_device{}();
-  std::printf("DATE_TEXT_SEED=%u\n", seed);
-  return seed;
-}
 
 /// The platform's reading: "no date", or the date.
 std::string platform_reading(std::wstring text) {
@@ -220,7 +211,7 @@ TEST(DateText, ParseDate_OddTextsAsThePlatformReadsThem) {
 }
 
 TEST(DateText, ParseDate_MutatedTextsAsThePlatformReadsThem) {
-  const unsigned seed = chosen_seed();
+  const unsigned seed = host::chosen_seed();
   std::mt19937 engine(seed);
   const auto below = [&](std::size_t bound) {
     return std::uniform_int_distribution<std::size_t>(0, bound - 1)(engine);

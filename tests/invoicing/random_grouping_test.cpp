@@ -1,11 +1,10 @@
 // Random grids, grouped by the library and by the literal rule: the outcomes must agree cell by cell.
-// The seed is printed; GROUPING_SEED repeats a run.
-#include <cstdio>
-#include <cstdlib>
+// The seed is printed; VELMOSAV_TEST_SEED repeats a run.
 #include <random>
 
 #include "invoicing/grid.h"
 #include "invoicing/literal_grouping.h"
+#include "support/chance.h"
 
 namespace {
 
@@ -14,14 +13,6 @@ using host::Variant;
 
 constexpr long kKeys[] = {IndTabGener_ColCodeCli, IndTabGener_ColTypeTarif, IndTabGener_ColCodeVend,
                           IndTabGener_ColFormatTVA};
-
-unsigned chosen_seed() {
-  const char* given = std::getenv("GROUPING_SEED");
-  const unsigned seed =
-      given ? static_cast<unsigned>(std::strtoul(given, nullptr, 10)) : std::random_device{}();
-  std::printf("GROUPING_SEED=%u\n", seed);
-  return seed;
-}
 
 class RandomGrids {
  public:
@@ -152,7 +143,7 @@ int outcome_of(HRESULT code) {
 TEST(RegroupementFactureRandom, AgreesWithTheLiteralRuleCellByCell) {
   constexpr int kGrids = 4000;
   const auto generation = host::create<_Generation>(L"Generation");
-  const unsigned seed = chosen_seed();
+  const unsigned seed = host::chosen_seed();
   RandomGrids grids(seed);
   int grouped = 0;
   int null_keys = 0;
@@ -179,7 +170,7 @@ TEST(RegroupementFactureRandom, AgreesWithTheLiteralRuleCellByCell) {
 TEST(IsRuptRgrpCadFactRandom, AgreesWithTheLiteralRuleForEveryPairOfRows) {
   constexpr int kGrids = 500;
   const auto generation = host::create<_Generation>(L"Generation");
-  const unsigned seed = chosen_seed();
+  const unsigned seed = host::chosen_seed();
   RandomGrids grids(seed);
   for (int i = 0; i < kGrids; ++i) {
     Grid grid = grids.next();

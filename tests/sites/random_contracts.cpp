@@ -18,14 +18,6 @@ constexpr const wchar_t* kUnits[] = {L"J", L"S", L"M", L"M", L"A", L"m", L"", L"
 
 }  // namespace
 
-unsigned chosen_seed() {
-  const char* given = std::getenv("INTERVENTIONS_SEED");
-  const unsigned seed =
-      given ? static_cast<unsigned>(std::strtoul(given, nullptr, 10)) : std::random_device{}();
-  std::printf("INTERVENTIONS_SEED=%u\n", seed);
-  return seed;
-}
-
 int RandomContracts::between(int low, int high) {
   return std::uniform_int_distribution<int>(low, high)(engine_);
 }

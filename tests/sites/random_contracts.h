@@ -4,12 +4,10 @@
 
 #include <random>
 
+#include "support/chance.h"
 #include "support/records.h"
 
 namespace host {
-
-/// A seed from the environment variable INTERVENTIONS_SEED, else a new one; printed.
-unsigned chosen_seed();
 
 class RandomContracts {
  public:

@@ -1,5 +1,5 @@
 // Random contracts, asked by the library and by the literal rules: the outcomes must agree, faults included,
-// and the contract must stay as it was. The seed is printed; INTERVENTIONS_SEED repeats a run.
+// and the contract must stay as it was. The seed is printed; VELMOSAV_TEST_SEED repeats a run.
 #include <map>
 
 #include "sites/literal_interventions.h"

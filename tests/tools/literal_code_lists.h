@@ -2,14 +2,11 @@
 // random comparisons: it must never ship, it copies the whole list at each code.
 #pragma once
 
+#include "support/literal_fault.h"
+
 #include <string>
 
 namespace literal {
-
-/// What a step raises: the number of the run-time's fault.
-struct RunTimeFault {
-  int number;
-};
 
 /// The text before the first separator, which is taken off the text with it.
 std::wstring next_token(std::wstring& text, const std::wstring& separator);

@@ -1,7 +1,7 @@
 // Random code lists and durations: the library through COM against the literal transcriptions.
 #include <cmath>
 
-#include "tools/chance.h"
+#include "support/chance.h"
 #include "tools/literal_durations.h"
 #include "tools/tools_fixture.h"
 
@@ -10,16 +10,6 @@ namespace {
 using host::Chance;
 using host::Text;
 using host::Variant;
-
-template <class Steps>
-HRESULT literal_outcome(Steps&& steps) {
-  try {
-    steps();
-    return S_OK;
-  } catch (const literal::RunTimeFault& fault) {
-    return static_cast<HRESULT>(0x800A0000UL + static_cast<unsigned long>(fault.number));
-  }
-}
 
 class RandomTools : public host::ToolsTest {
  protected:
@@ -70,7 +60,7 @@ void RandomTools::compare_code_lists() {
 
   short expected_count = 0;
   short count = 77;
-  const HRESULT outcome = literal_outcome([&] { expected_count = literal::count_codes(list); });
+  const HRESULT outcome = literal::outcome_of([&] { expected_count = literal::count_codes(list); });
   ASSERT_EQ(outcome, tools_->ListeCodes_NbCodes(Text(list), &count));
   ASSERT_EQ(expected_count, count);
 }
@@ -141,7 +131,7 @@ void RandomTools::compare_text_to_number() {
   const bool long_form = chance_.one_in(3);
   double expected = 0;
   const HRESULT outcome =
-      literal_outcome([&] { expected = literal::duree_to_double(text, unit, long_form); });
+      literal::outcome_of([&] { expected = literal::duree_to_double(text, unit, long_form); });
   Text argument(text), unit_text(unit);
   VARIANT_BOOL flag = velmosav::to_variant_bool(long_form);
   double result = 77;

@@ -9,11 +9,18 @@
 
 namespace host {
 
+/// A seed from the environment variable VELMOSAV_TEST_SEED, else a new one; printed.
+inline unsigned chosen_seed() {
+  const char* wanted = std::getenv("VELMOSAV_TEST_SEED");
+  const unsigned seed =
+      wanted ? static_cast<unsigned>(std::strtoul(wanted, nullptr, 10)) : std::random_device{}();
+  std::cout << "VELMOSAV_TEST_SEED=" << seed << std::endl;
+  return seed;
+}
+
 class Chance {
  public:
-  Chance() : seed_(chosen_seed()), engine_(seed_) {
-    std::cout << "VELMOSAV_TEST_SEED=" << seed_ << std::endl;
-  }
+  Chance() : seed_(chosen_seed()), engine_(seed_) {}
 
   [[nodiscard]] unsigned seed() const { return seed_; }
   int number(int lowest, int highest) { return std::uniform_int_distribution<int>(lowest, highest)(engine_); }
@@ -33,11 +40,6 @@ class Chance {
   }
 
  private:
-  static unsigned chosen_seed() {
-    const char* wanted = std::getenv("VELMOSAV_TEST_SEED");
-    return wanted ? static_cast<unsigned>(std::strtoul(wanted, nullptr, 10)) : std::random_device{}();
-  }
-
   unsigned seed_;
   std::mt19937 engine_;
 };
