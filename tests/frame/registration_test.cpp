@@ -4,6 +4,7 @@
 
 #include "frame/library.h"
 #include "frame/registry.h"
+#include "support/classes_root.h"
 
 namespace {
 
@@ -163,26 +164,11 @@ TEST_P(RegistrationOfEachClass, InterfaceKey_UsesTheAutomationProxy) {
 
 INSTANTIATE_TEST_SUITE_P(, RegistrationOfEachClass, ::testing::ValuesIn(catalogue()), host::class_name_of);
 
-/// HKEY_CLASSES_ROOT of this process turned to an empty key: nothing but the library writes there.
-class RegistrationInAnEmptyRegistry : public ::testing::Test {
+class RegistrationInAnEmptyRegistry : public host::EmptyClassesRoot {
  protected:
-  static constexpr wchar_t kKey[] = L"Software\\VelmoSAV_DLL14 essai";
-
-  void SetUp() override {
-    RegDeleteTreeW(HKEY_CURRENT_USER, kKey);
-    ASSERT_EQ(ERROR_SUCCESS, RegCreateKeyExW(HKEY_CURRENT_USER, kKey, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr,
-                                             &key_, nullptr));
-    ASSERT_EQ(ERROR_SUCCESS, RegOverridePredefKey(HKEY_CLASSES_ROOT, key_));
-  }
-  void TearDown() override {
-    RegOverridePredefKey(HKEY_CLASSES_ROOT, nullptr);
-    RegCloseKey(key_);
-    RegDeleteTreeW(HKEY_CURRENT_USER, kKey);
-  }
   static Lines written() { return registry_dump(HKEY_CURRENT_USER, kKey); }
 
   Library library_;
-  HKEY key_ = nullptr;
 };
 
 TEST_F(RegistrationInAnEmptyRegistry, DllRegisterServer_WritesAKeyForEveryProgId) {
@@ -212,7 +198,7 @@ TEST_F(RegistrationInAnEmptyRegistry, DllUnregisterServer_NothingRegistered_Succ
 
 TEST_F(RegistrationInAnEmptyRegistry, DllUnregisterServer_KeysOfOthersStay) {
   HKEY other = nullptr;
-  RegCreateKeyExW(key_, L"CLSID\\Autre", 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &other, nullptr);
+  RegCreateKeyExW(root(), L"CLSID\\Autre", 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &other, nullptr);
   RegCloseKey(other);
   library_.register_server();
   library_.unregister_server();

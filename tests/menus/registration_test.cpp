@@ -2,6 +2,7 @@
 #include <set>
 
 #include "menus/component.h"
+#include "support/classes_root.h"
 
 namespace {
 
@@ -11,37 +12,22 @@ using host::ComPtr;
 constexpr wchar_t kProgIdClass[] = L"Lumbra30.ApiPopupMenu\\CLSID";
 constexpr wchar_t kOtherClass[] = L"{11111111-2222-3333-4444-555555555555}";
 
-/// HKEY_CLASSES_ROOT of this process turned to an empty key: nothing but the component writes there.
-class ComponentRegistration : public ::testing::Test {
+class ComponentRegistration : public host::EmptyClassesRoot {
  protected:
-  static constexpr wchar_t kKey[] = L"Software\\ApiPopupMenu essai";
-
-  void SetUp() override {
-    RegDeleteTreeW(HKEY_CURRENT_USER, kKey);
-    ASSERT_EQ(ERROR_SUCCESS, RegCreateKeyExW(HKEY_CURRENT_USER, kKey, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr,
-                                             &key_, nullptr));
-    ASSERT_EQ(ERROR_SUCCESS, RegOverridePredefKey(HKEY_CLASSES_ROOT, key_));
-  }
-  void TearDown() override {
-    RegOverridePredefKey(HKEY_CLASSES_ROOT, nullptr);
-    RegCloseKey(key_);
-    RegDeleteTreeW(HKEY_CURRENT_USER, kKey);
-  }
-
   void write(const std::wstring& key, const std::wstring& value) {
-    ASSERT_EQ(ERROR_SUCCESS, RegSetKeyValueW(key_, key.c_str(), nullptr, REG_SZ, value.c_str(),
+    ASSERT_EQ(ERROR_SUCCESS, RegSetKeyValueW(root(), key.c_str(), nullptr, REG_SZ, value.c_str(),
                                              static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t))));
   }
   [[nodiscard]] std::wstring value(const std::wstring& key, const wchar_t* name = nullptr) const {
     wchar_t text[512];
     DWORD size = sizeof text;
-    const LSTATUS status = RegGetValueW(key_, key.c_str(), name, RRF_RT_REG_SZ, nullptr, text, &size);
+    const LSTATUS status = RegGetValueW(root(), key.c_str(), name, RRF_RT_REG_SZ, nullptr, text, &size);
     return status == ERROR_SUCCESS ? text : L"(none)";
   }
   /// Every key below the root.
   [[nodiscard]] std::set<std::wstring> keys() const {
     std::set<std::wstring> found;
-    collect(key_, L"", found);
+    collect(root(), L"", found);
     return found;
   }
 
@@ -67,8 +53,6 @@ class ComponentRegistration : public ::testing::Test {
       RegCloseKey(child);
     }
   }
-
-  HKEY key_ = nullptr;
 };
 
 TEST_F(ComponentRegistration, WritesTheProgIdAndTheClass_AndNothingElse) {
