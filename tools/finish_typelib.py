@@ -1,21 +1,24 @@
 #!/usr/bin/env python3
 """Finish the type library that the IDL compiler wrote (MSFT format).
 
-Three things the compiler cannot do:
+Four things the compiler cannot do:
   - lay records out on 4 bytes (it aligns a Double on 8);
   - carry an identifier with an accent: the IDL holds an ASCII stand-in of the same length;
-  - write the same file twice: it stamps the time of day into its comment.
+  - compute the help context of a member, that of its class plus its dispatch identifier;
+  - write the same file twice: it stamps the time of day into its comment and its custom data.
 
 Usage: finish_typelib.py INPUT OUTPUT [STAND_IN=NAME ...]
 """
 
 import struct
 import sys
+import uuid
 
 PACKING = 4
-(SEG_TYPEINFO, _, _, _, _, _, SEG_NAMEHASH, SEG_NAME, _, SEG_TYPEDESC, SEG_ARRAYDESC, SEG_CUSTDATA) = range(12)
+(SEG_TYPEINFO, _, _, _, _, SEG_GUID, SEG_NAMEHASH, SEG_NAME, _, SEG_TYPEDESC, SEG_ARRAYDESC, SEG_CUSTDATA,
+ SEG_CUSTDATA_LIST) = range(13)
 TYPEINFO_SIZE = 0x64
-TKIND_ENUM, TKIND_RECORD, TKIND_MASK = 0, 1, 0xF
+TKIND_ENUM, TKIND_RECORD, TKIND_INTERFACE, TKIND_DISPATCH, TKIND_MASK = 0, 1, 3, 4, 0xF
 ALIGNMENT_MASK = 0xF800
 VT_PTR, VT_SAFEARRAY, VT_CARRAY, VT_USERDEFINED = 26, 27, 28, 29
 # Variant type -> size in a record: I2, I4, R8, Currency, BSTR, IDispatch, Boolean, VARIANT, UI1, pointer, array.
@@ -23,6 +26,8 @@ SIZES = {2: 2, 3: 4, 5: 8, 6: 8, 8: 4, 9: 4, 11: 2, 12: 16, 17: 1, VT_PTR: 4, VT
 # How the platform's name hash folds a letter: to its upper-case code, but for these.
 HASH_FOLD = {"é": ord("E"), "W": ord("V"), "Y": ord("U")}
 COMMENT_MARK = b"Created by WIDL version "
+# Custom data in which a compiler leaves the time.
+TIMESTAMP = uuid.UUID("DE77BA63-517C-11D1-A2DA-0000F8773CE9").bytes_le
 
 
 class TypeLibrary:
@@ -107,6 +112,24 @@ class TypeLibrary:
         self.put(info + 0x50, size)
         return size, widest
 
+    # --- help contexts ---------------------------------------------------------------------------------------
+
+    def number_members(self):
+        """A member's context stands as its class's: its dispatch identifier is added."""
+        for index in range(self.count):
+            info = self.typeinfo(index)
+            function_count = self.dword(info + 0x18) & 0xFFFF
+            if self.dword(info) & TKIND_MASK not in (TKIND_INTERFACE, TKIND_DISPATCH) or not function_count:
+                continue
+            page, members = self.dword(info + 0x44), self.dword(info + 4)
+            identifiers = members + 4 + self.dword(members)
+            record = members + 4
+            for position in range(function_count):
+                if self.dword(record + 0x18) != page:
+                    sys.exit(f"finish_typelib: {self.type_name(info)}: a member without helpcontext(PAGE)")
+                self.put(record + 0x18, page + self.dword(identifiers + 4 * position))
+                record += self.dword(record) & 0xFFFF
+
     # --- names ---------------------------------------------------------------------------------------------
 
     @staticmethod
@@ -162,6 +185,11 @@ class TypeLibrary:
         stamp = self.data.find(b" at ", at) + 4
         end = stamp + len("Sat Jan 01 00:00:00 2000")
         self.data[stamp:end] = b"a fixed date".ljust(end - stamp)
+        start, length = self.segments[SEG_CUSTDATA_LIST]
+        for item in range(start, start + length, 12):
+            identifier = self.start(SEG_GUID) + self.dword(item)
+            if self.data[identifier : identifier + 16] == TIMESTAMP:
+                self.put(self.start(SEG_CUSTDATA) + self.dword(item + 4) + 2, 0)
 
 
 def main(arguments):
@@ -169,6 +197,7 @@ def main(arguments):
     with open(source, "rb") as file:
         library = TypeLibrary(file.read())
     library.pack_records()
+    library.number_members()
     for rename in renames:
         library.rename(*rename.split("="))
     library.rebuild_name_chains()

@@ -115,6 +115,12 @@ TEST_F(Registration, DllRegisterServer_TypeLibrary_NamesTheDll) {
             utf8(class_value(L"TypeLib\\" + type_library_id() + L"\\1.0\\0\\win32")));
 }
 
+TEST_F(Registration, DllRegisterServer_TypeLibrary_HelpFolderIsThatOfTheDll) {
+  library_.register_server();
+  EXPECT_EQ(utf8(host::library_folder()),
+            utf8(class_value(L"TypeLib\\" + type_library_id() + L"\\1.0\\HELPDIR")));
+}
+
 TEST_F(Registration, DllUnregisterServer_TypeLibraryIsUnknownAfterwards) {
   library_.unregister_server();
   host::ComPtr<ITypeLib> found;

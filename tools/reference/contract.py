@@ -127,9 +127,7 @@ def read_parameter(text):
 
 
 def read_method(match):
-    number, context, help_text, name, listed = match.groups()
-    if number != context:
-        raise ValueError(f"{name}: its help context is not PAGE + {number}")
+    number, help_text, name, listed = match.groups()
     parameters, result = [], None
     for text in re.split(r",\s*(?=\[)", listed.strip()) if listed.strip() else []:
         is_result, parameter = read_parameter(text)
@@ -140,7 +138,7 @@ def read_method(match):
     return Method(int(number), name, help_text, parameters, result)
 
 
-METHOD = re.compile(r'\[id\((\d+)\), helpcontext\(PAGE \+ (\d+)\), helpstring\("(.*?)"\)\]\s*'
+METHOD = re.compile(r'\[id\((\d+)\), helpcontext\(PAGE\), helpstring\("(.*?)"\)\]\s*'
                     r"HRESULT (\w+)\((.*?)\);", re.S)
 CONSTANT = re.compile(r'^CONSTANT\((\d+), (\w+), (\w+), (.*), "(.*)"\)$', re.M)
 IDENTITY = re.compile(r'uuid\(([0-9A-F-]+)\), helpcontext\(PAGE\),\s*helpstring\("(.*?)"\)\]\s*(interface|coclass)')

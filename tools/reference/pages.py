@@ -114,7 +114,7 @@ def method_lines(class_, method, entry, faults):
     return lines
 
 
-def class_page(contract, class_, help_):
+def class_head(class_, help_):
     lines = [f"# {class_.name}", NOTICE, "", f"*{class_.help}*", "", *trimmed(help_.text), "",
              *table(("ProgID", "Class", "Interface"),
                     (f"`{LIBRARY}.{class_.name}`", f"`{{{class_.class_id}}}`",
@@ -122,15 +122,21 @@ def class_page(contract, class_, help_):
     if class_.methods:
         lines += [*table(("No.", "Method", ""),
                          *((str(m.number), f"[{m.name}](#{m.name.lower()})", m.help) for m in class_.methods)), ""]
+    return lines
+
+
+def constants_lines(class_):
+    return ["## Constants", "", "Properties, read and written; a value that a host assigns holds for that instance.", "",
+            *table(("No.", "Name", "Type", "Value", ""),
+                   *((str(c.number), f"`{c.name}`", c.type_name, f"`{c.initial}`", c.help)
+                     for c in class_.constants)), ""]
+
+
+def class_page(contract, class_, help_):
+    lines = class_head(class_, help_)
     for method in class_.methods:
         lines += method_lines(class_, method, help_.entries[method.name], contract.faults)
-    if class_.constants:
-        lines += ["## Constants", "",
-                  "Properties, read and written; a value that a host assigns holds for that instance.", "",
-                  *table(("No.", "Name", "Type", "Value", ""),
-                         *((str(c.number), f"`{c.name}`", c.type_name, f"`{c.initial}`", c.help)
-                           for c in class_.constants)), ""]
-    return lines
+    return lines + (constants_lines(class_) if class_.constants else [])
 
 
 def records_page(contract):
@@ -199,10 +205,18 @@ def index_page(contract):
     return lines
 
 
+def shared_pages(contract):
+    return {"README.md": index_page(contract), "records.md": records_page(contract),
+            "enumerations.md": enumerations_page(contract), "fault-numbers.md": faults_page(contract)}
+
+
+def text_of(lines):
+    return "\n".join(trimmed(lines)) + "\n"
+
+
 def all_pages(contract, helps):
     """File name -> text of each page."""
-    pages = {"README.md": index_page(contract), "records.md": records_page(contract),
-             "enumerations.md": enumerations_page(contract), "fault-numbers.md": faults_page(contract)}
+    pages = shared_pages(contract)
     for class_ in contract.classes:
         pages[f"{class_.name}.md"] = class_page(contract, class_, helps[class_.name])
-    return {name: "\n".join(trimmed(lines)) + "\n" for name, lines in pages.items()}
+    return {name: text_of(lines) for name, lines in pages.items()}
