@@ -1,5 +1,5 @@
 // The counting of allocations itself: a count that sees nothing would prove nothing.
-#include "frame/allocations.h"
+#include "support/allocations.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 // Records as arguments and results of late-bound calls.
-#include "frame/allocations.h"
+#include "support/allocations.h"
 #include "frame/record_argument.h"
 #include "support/fake_object.h"
 

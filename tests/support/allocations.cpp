@@ -1,4 +1,4 @@
-#include "frame/allocations.h"
+#include "support/allocations.h"
 
 #include <set>
 
