@@ -75,7 +75,12 @@ ComPtr<ITypeLib> type_library() {
   return library;
 }
 
-void on_idle(void (*release)() noexcept) { releases[release_count++] = release; }
+void on_idle(void (*release)() noexcept) noexcept {
+  for (int i = 0; i < release_count; ++i) {
+    if (releases[i] == release) return;
+  }
+  releases[release_count++] = release;
+}
 
 CacheLock::CacheLock() noexcept { AcquireSRWLockExclusive(&cache_lock); }
 CacheLock::~CacheLock() { ReleaseSRWLockExclusive(&cache_lock); }

@@ -32,9 +32,9 @@ std::wstring path();
 /// The library's own type library, from the DLL's resource (registration is not needed).
 ComPtr<ITypeLib> type_library();
 
-/// Announces that a cache is no longer empty: `release` is called when no object is left. Under the
-/// CacheLock.
-void on_idle(void (*release)() noexcept);
+/// Announces that a cache is no longer empty: `release` is called when no object is left. A cache may say so
+/// again. Under the CacheLock.
+void on_idle(void (*release)() noexcept) noexcept;
 
 /// Held while a cache is read or filled, so that it is not let go meanwhile.
 class CacheLock {

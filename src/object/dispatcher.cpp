@@ -174,9 +174,9 @@ const DispatchTable& Dispatcher::table(const ClassIdentity& identity) {
   if (!table_) {
     auto built = std::make_unique<DispatchTable>(identity.iid);
     const module::CacheLock guard;
-    if (cache().empty()) module::on_idle(release_cache);
-    table_ = built.get();
     cache().push_back({&identity.iid, std::move(built)});
+    module::on_idle(release_cache);
+    table_ = cache().back().table.get();
   }
   return *table_;
 }

@@ -38,8 +38,8 @@ ComPtr<IRecordInfo> record_info(const GUID& record) {
   ComPtr<IRecordInfo> info;
   check(GetRecordInfoFromTypeInfo(type.get(), info.receive()));
   const module::CacheLock guard;
-  if (cache().empty()) module::on_idle(release_cache);
   cache().push_back({record, info});
+  module::on_idle(release_cache);
   return info;
 }
 
