@@ -16,7 +16,9 @@ const CLSID& dom_class() {
     for (const wchar_t* version :
          {L"MSXML2.DOMDocument.4.0", L"MSXML2.DOMDocument.6.0", L"MSXML2.DOMDocument.3.0"}) {
       CLSID clsid;
-      if (SUCCEEDED(CLSIDFromProgID(version, &clsid))) return Choice{clsid, true};
+      const HRESULT code = CLSIDFromProgID(version, &clsid);
+      if (SUCCEEDED(code)) return Choice{clsid, true};
+      if (code == E_OUTOFMEMORY) raise(code);  // decided another time
     }
     return Choice{CLSID_NULL, false};
   }();
