@@ -16,6 +16,10 @@ class Allocations {
   /// Blocks allocated since and not freed yet.
   [[nodiscard]] std::size_t outstanding() const;
 
+  /// Places every block of the platform's allocator on guard pages from now on or no longer. Blocks that
+  /// stand there stay until they are freed.
+  static void guard(bool guarded);
+
  private:
   class Spy;
 };
