@@ -17,13 +17,11 @@ const BSTR* first_cell(const SAFEARRAY* table) noexcept {
   if (table->cDims != 2 || table->cbElements != sizeof(BSTR)) return nullptr;
   const SAFEARRAYBOUND& rows = table->rgsabound[1];
   const SAFEARRAYBOUND& columns = table->rgsabound[0];
-  const long row = -rows.lLbound;
-  const long column = -columns.lLbound;
-  if (row < 0 || column < 0 || row >= static_cast<long>(rows.cElements) ||
-      column >= static_cast<long>(columns.cElements)) {
-    return nullptr;
-  }
-  return static_cast<const BSTR*>(table->pvData) + column * static_cast<long>(rows.cElements) + row;
+  const long long row = -static_cast<long long>(rows.lLbound);
+  const long long column = -static_cast<long long>(columns.lLbound);
+  if (row < 0 || column < 0 || row >= rows.cElements || column >= columns.cElements) return nullptr;
+  return static_cast<const BSTR*>(table->pvData) + static_cast<std::size_t>(column) * rows.cElements +
+         static_cast<std::size_t>(row);
 }
 
 double seconds_in(std::wstring_view unit) {
@@ -48,9 +46,18 @@ double moment(BSTR date, BSTR time) {
   return std::nearbyint((whole + std::fabs(value - whole)) * 86400);
 }
 
-void erase_slots(const Type_Bon& work_order) {
-  const ArrayView<Type_LigneRessource> technicians(work_order.TabTech);
-  for (long i = 0; i < technicians.end(); ++i) erase<Type_BarTime>(technicians[i].TabPlage);
+/// Each element from 0 on is there: fault 9 for an array that starts later.
+void require_element_zero(const SAFEARRAY* array) {
+  const auto upper = upper_bound(array);
+  if (upper && *upper >= 0 && array->rgsabound[array->cDims - 1].lLbound > 0) {
+    raise(Fault::SubscriptOutOfRange);
+  }
+}
+
+/// What erase_objects would raise.
+void require_erasable_objects(const SAFEARRAY* objects) {
+  require_erasable<IDispatch*>(objects);
+  require_element_zero(objects);
 }
 
 }  // namespace
@@ -75,10 +82,20 @@ double total_slot_time(std::wstring_view unit, const Type_LigneRessource& techni
   return total;
 }
 
-void erase_objects(SAFEARRAY*& objects) { erase_plain_array(objects, PlainElement::Object); }
+void erase_objects(SAFEARRAY*& objects) {
+  require_erasable_objects(objects);
+  erase_plain_array(objects, PlainElement::Object);
+}
 
 void clear_lists(Type_Bon& work_order, bool all) {
-  erase_slots(work_order);
+  // Everything that may fail comes first: a work order is reset as a whole or not at all.
+  const ArrayView<Type_LigneRessource> technicians(work_order.TabTech);
+  for (long i = 0; i < technicians.end(); ++i) require_erasable<Type_BarTime>(technicians[i].TabPlage);
+  require_erasable<Type_LigneRessource>(work_order.TabTech);
+  require_erasable_objects(work_order.TabAppareil);
+  require_erasable<Type_LigneArticle>(work_order.TabArticle);
+
+  for (long i = 0; i < technicians.end(); ++i) erase<Type_BarTime>(technicians[i].TabPlage);
   erase<Type_LigneRessource>(work_order.TabTech);
   erase_objects(work_order.TabAppareil);
   erase<Type_LigneArticle>(work_order.TabArticle);
@@ -87,6 +104,10 @@ void clear_lists(Type_Bon& work_order, bool all) {
 }
 
 void clear_lists(Type_Intervention& intervention) {
+  require_erasable_objects(intervention.TabAppareil);
+  require_erasable<Type_LigneCouverture>(intervention.Couverture.Liste);
+  require_erasable<BSTR>(intervention.TabRes);
+
   erase_objects(intervention.TabAppareil);
   erase<Type_LigneCouverture>(intervention.Couverture.Liste);
   erase_plain_array(intervention.TabRes, PlainElement::Text);

@@ -51,25 +51,27 @@ void destroy_record_array(SAFEARRAY* array, const RecordLayout& layout) noexcept
   destroy_cleared(array);
 }
 
-void erase_record_array(SAFEARRAY*& array, const RecordLayout& layout) {
+void require_erasable(const SAFEARRAY* array, unsigned long element_size) {
   require_resizable(array);
-  if (array && array->pvData && array->cbElements != layout.size) raise(Fault::TypeMismatch);
+  if (array && array->pvData && array->cbElements != element_size) raise(Fault::TypeMismatch);
+}
+
+void erase_record_array(SAFEARRAY*& array, const RecordLayout& layout) {
+  require_erasable(array, layout.size);
   destroy_record_array(std::exchange(array, nullptr), layout);
 }
 
 void erase_plain_array(SAFEARRAY*& array, PlainElement kind) {
-  require_resizable(array);
+  static_assert(sizeof(BSTR) == sizeof(IDispatch*));
+  require_erasable(array, sizeof(BSTR));
   if (!array) return;
   const unsigned long count = array->pvData ? element_count(array) : 0;
   for (unsigned long i = 0; i < count; ++i) {
     char* place = element(array, i);
-    if (kind == PlainElement::Text && array->cbElements == sizeof(BSTR)) {
+    if (kind == PlainElement::Text) {
       SysFreeString(std::exchange(*reinterpret_cast<BSTR*>(place), nullptr));
-    } else if (kind == PlainElement::Object && array->cbElements == sizeof(IDispatch*)) {
-      if (IDispatch* object = std::exchange(*reinterpret_cast<IDispatch**>(place), nullptr))
-        object->Release();
-    } else if (kind == PlainElement::Variant && array->cbElements == sizeof(VARIANT)) {
-      VariantClear(reinterpret_cast<VARIANT*>(place));
+    } else if (IDispatch* object = std::exchange(*reinterpret_cast<IDispatch**>(place), nullptr)) {
+      object->Release();
     }
   }
   SafeArrayDestroy(std::exchange(array, nullptr));
@@ -77,6 +79,7 @@ void erase_plain_array(SAFEARRAY*& array, PlainElement kind) {
 
 void redim_preserve(SAFEARRAY*& array, const RecordLayout& layout, long upper) {
   if (!upper_bound(array)) {
+    require_resizable(array);
     SAFEARRAY* made = create(layout, upper);
     if (array) SafeArrayDestroy(array);
     array = made;

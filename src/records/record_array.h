@@ -6,11 +6,14 @@
 
 namespace velmosav {
 
+/// Fault 10 when the array is locked or of fixed size, 13 for another element size: what erasing it would
+/// raise.
+void require_erasable(const SAFEARRAY* array, unsigned long element_size);
 /// Frees every element and the array; the field becomes "never dimensioned".
-/// Fault 10 when the array is locked or of fixed size, 13 for another element size; nothing is changed then.
+/// Faults as require_erasable; nothing is changed then.
 void erase_record_array(SAFEARRAY*& array, const RecordLayout& layout);
 /// What an array of plain elements holds.
-enum class PlainElement { Text, Object, Variant };
+enum class PlainElement { Text, Object };
 /// The same for an array of plain elements, whatever it says of them itself.
 void erase_plain_array(SAFEARRAY*& array, PlainElement kind);
 
@@ -27,6 +30,11 @@ void erase(SAFEARRAY*& array) {
 template <class Record>
 void redim_preserve(SAFEARRAY*& array, long upper) {
   redim_preserve(array, layout_of<Record>(), upper);
+}
+
+template <class Element>
+void require_erasable(const SAFEARRAY* array) {
+  require_erasable(array, sizeof(Element));
 }
 
 /// Frees an array whatever its state; for a record that is being cleared.

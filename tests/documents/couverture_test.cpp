@@ -110,6 +110,32 @@ TEST_F(Couverture, RazCouvOfALockedListFailsAndLosesNothing) {
   SafeArrayUnlock(coverage->Liste);
 }
 
+TEST_F(Couverture, RazCouvOfAListOfFixedSizeFailsAndLosesNothing) {
+  auto coverage = coverage_of({L"A1", L"B2"});
+  coverage->Liste->fFeatures |= FADF_FIXEDSIZE;
+  const std::string before = host::bits_of(*coverage);
+  EXPECT_TRUE(host::is_fault(coverages_->RazCouv(coverage), 10, L"Couverture"));
+  EXPECT_EQ(before, host::bits_of(*coverage));
+  coverage->Liste->fFeatures = static_cast<USHORT>(coverage->Liste->fFeatures & ~FADF_FIXEDSIZE);
+}
+
+TEST_F(Couverture, RazCouvOfElementsOfAnotherSizeFailsAndLosesNothing) {
+  Record<Type_Couverture> coverage;
+  coverage->Liste = host::make_array(sizeof(Type_LigneCouverture) + 4, 2);
+  const std::string before = host::bits_of(*coverage);
+  EXPECT_TRUE(host::is_fault(coverages_->RazCouv(coverage), 13, L"Couverture"));
+  EXPECT_EQ(before, host::bits_of(*coverage));
+  SafeArrayDestroy(std::exchange(coverage->Liste, nullptr));
+}
+
+TEST_F(Couverture, RazCouvErasesAListOfTwoDimensions) {
+  Record<Type_Couverture> coverage;
+  host::dimension_twice(coverage->Liste, sizeof(Type_LigneCouverture));
+  host::fill_line(host::element<Type_LigneCouverture>(coverage->Liste, 1), L"A1");
+  ASSERT_EQ(S_OK, coverages_->RazCouv(coverage));
+  EXPECT_EQ(nullptr, coverage->Liste);
+}
+
 TEST_F(Couverture, RefusesNullPointers) {
   auto coverage = coverage_of({L"A1"});
   short count = 0;

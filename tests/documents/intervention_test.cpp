@@ -180,23 +180,82 @@ TEST_F(RazInterv, LeavesCountsOfMinusOne) {
   EXPECT_EQ(-1, resources());
 }
 
-TEST_F(RazInterv, OfALockedArrayFailsWithTheListsFromThereOnKept) {
-  SafeArrayLock(intervention_->Couverture.Liste);
-  EXPECT_TRUE(host::is_fault(interventions_->RazInterv(intervention_), 10, L"Intervention"));
-  SafeArrayUnlock(intervention_->Couverture.Liste);
-  EXPECT_EQ(nullptr, intervention_->TabAppareil);
-  EXPECT_EQ(L"A1", host::get(element<Type_LigneCouverture>(intervention_->Couverture.Liste, 1).Code));
-  EXPECT_EQ(2, resources());
+/// An array of the intervention that a host has spoilt: the reset fails and the whole record stays.
+struct RefusedArray {
+  const char* name;
+  SAFEARRAY*& (*array)(Type_Intervention& record);
+};
+
+void PrintTo(const RefusedArray& refused, std::ostream* stream) { *stream << refused.name; }
+
+class RazIntervRefused : public RazInterv, public ::testing::WithParamInterface<RefusedArray> {
+ protected:
+  SAFEARRAY*& array() { return GetParam().array(*intervention_); }
+
+  void expect_refused(int fault) {
+    const auto before = host::snapshot(*intervention_);
+    EXPECT_TRUE(host::is_fault(interventions_->RazInterv(intervention_), fault, L"Intervention"));
+    EXPECT_EQ(kNone, host::differences(*before, *intervention_));
+  }
+};
+
+TEST_P(RazIntervRefused, LockedIsFault10AndLosesNothing) {
+  SafeArrayLock(array());
+  expect_refused(10);
+  SafeArrayUnlock(array());
+  EXPECT_EQ((std::vector<long>{2, 2, 2}), objects_.references());
 }
 
-TEST_F(RazInterv, OfLockedEquipmentFailsAndLosesNothing) {
-  SafeArrayLock(intervention_->TabAppareil);
-  EXPECT_TRUE(host::is_fault(interventions_->RazInterv(intervention_), 10, L"Intervention"));
-  SafeArrayUnlock(intervention_->TabAppareil);
+TEST_P(RazIntervRefused, OfFixedSizeIsFault10AndLosesNothing) {
+  array()->fFeatures |= FADF_FIXEDSIZE;
+  expect_refused(10);
+  array()->fFeatures = static_cast<USHORT>(array()->fFeatures & ~FADF_FIXEDSIZE);
+}
+
+TEST_P(RazIntervRefused, OfElementsOfAnotherSizeIsFault13AndLosesNothing) {
+  SAFEARRAY* foreign = host::make_array(array()->cbElements + 4, 2);
+  SAFEARRAY* own = std::exchange(array(), foreign);
+  const std::string before(reinterpret_cast<const char*>(&*intervention_), sizeof(Type_Intervention));
+  EXPECT_TRUE(host::is_fault(interventions_->RazInterv(intervention_), 13, L"Intervention"));
+  EXPECT_EQ(before, std::string(reinterpret_cast<const char*>(&*intervention_), sizeof(Type_Intervention)));
+  SafeArrayDestroy(std::exchange(array(), own));
   EXPECT_EQ((std::vector<long>{2, 2, 2}), objects_.references());
-  EXPECT_EQ(3, equipment());
-  EXPECT_NE(nullptr, intervention_->Couverture.Liste);
-  EXPECT_EQ(2, resources());
+}
+
+const RefusedArray kArrays[] = {
+    {"Equipment", [](Type_Intervention& record) -> SAFEARRAY*& { return record.TabAppareil; }},
+    {"Coverage", [](Type_Intervention& record) -> SAFEARRAY*& { return record.Couverture.Liste; }},
+    {"Resources", [](Type_Intervention& record) -> SAFEARRAY*& { return record.TabRes; }},
+};
+
+INSTANTIATE_TEST_SUITE_P(Arrays, RazIntervRefused, ::testing::ValuesIn(kArrays),
+                         [](const auto& test) { return test.param.name; });
+
+TEST_F(RazInterv, OfEquipmentWhoseRowsStartAboveZeroFailsAndLosesNothing) {
+  intervention_->TabAppareil->rgsabound[1].lLbound = 1;
+  const auto before = host::snapshot(*intervention_);
+  EXPECT_TRUE(host::is_fault(interventions_->RazInterv(intervention_), 9, L"Intervention"));
+  EXPECT_EQ(kNone, host::differences(*before, *intervention_));
+}
+
+TEST_F(RazInterv, ErasesResourcesAndCoverageFromAnyLowerBound) {
+  intervention_->TabRes->rgsabound[0].lLbound = 3;
+  intervention_->Couverture.Liste->rgsabound[0].lLbound = 1;
+  ASSERT_EQ(S_OK, interventions_->RazInterv(intervention_));
+  EXPECT_EQ(kNone, host::differences(*expected_, *intervention_));
+}
+
+TEST_F(RazInterv, ErasesArraysOfOneDimension) {
+  host::free_objects(intervention_->TabAppareil, 3);
+  Objects objects(2);
+  intervention_->TabAppareil = objects.array_of({{2, 0}});
+  ASSERT_EQ(S_OK, interventions_->RazInterv(intervention_));
+  EXPECT_EQ((std::vector<long>{1, 1}), objects.references());
+}
+
+TEST_F(Intervention, NbrRessourcesOfTheLowestBoundIsMinusOne) {
+  dimension_resources({1, LONG_MIN}, {1, 0});
+  EXPECT_EQ(-1, resources());
 }
 
 TEST_F(Intervention, PublishesTheResourceTypes) {

@@ -1,4 +1,5 @@
 // Bon.RazDocInt: a work order without its technicians, equipment, articles and, on demand, its VAT object.
+#include "documents/coverage_list.h"
 #include "documents/object_array.h"
 #include "support/arguments.h"
 
@@ -98,43 +99,57 @@ TEST_F(RazDocInt, ReleasesEquipmentOfTwoDimensions) {
   EXPECT_EQ((Counts{1, 1, 1, 1}), more.references());
 }
 
-TEST_F(RazDocInt, OfLockedTechniciansFailsAfterTheirSlots) {
-  SafeArrayLock(order_->TabTech);
-  EXPECT_TRUE(host::is_fault(orders_->RazDocInt(order_, VARIANT_TRUE), 10, L"Bon"));
-  SafeArrayUnlock(order_->TabTech);
-  ASSERT_NE(nullptr, order_->TabTech);
-  EXPECT_EQ(nullptr, element<Type_LigneRessource>(order_->TabTech, 1).TabPlage);
-  EXPECT_EQ(L"Technicien", host::get(element<Type_LigneRessource>(order_->TabTech, 1).Nom));
-  EXPECT_NE(nullptr, order_->TabArticle);
-  EXPECT_EQ((Counts{2, 2}), objects_.references());
+/// An array of the work order that a host has spoilt: the reset fails and the whole work order stays.
+struct RefusedArray {
+  const char* name;
+  SAFEARRAY*& (*array)(Type_Bon& order);
+};
+
+void PrintTo(const RefusedArray& refused, std::ostream* stream) { *stream << refused.name; }
+
+class RazDocIntRefused : public RazDocInt, public ::testing::WithParamInterface<RefusedArray> {
+ protected:
+  SAFEARRAY*& array() { return GetParam().array(*order_); }
+
+  void expect_refused(int fault) {
+    const auto before = host::snapshot(*order_);
+    EXPECT_TRUE(host::is_fault(orders_->RazDocInt(order_, VARIANT_TRUE), fault, L"Bon"));
+    EXPECT_EQ(kNone, host::differences(*before, *order_));
+    EXPECT_EQ((Counts{2, 2}), Counts({objects_.references()[0] - 1, objects_.references()[1] - 1}));
+  }
+};
+
+TEST_P(RazDocIntRefused, LockedIsFault10AndLosesNothing) {
+  SafeArrayLock(array());
+  expect_refused(10);
+  SafeArrayUnlock(array());
 }
 
-TEST_F(RazDocInt, OfLockedSlotsFailsAndKeepsThem) {
-  SAFEARRAY* slots = element<Type_LigneRessource>(order_->TabTech, 1).TabPlage;
-  SafeArrayLock(slots);
-  EXPECT_TRUE(host::is_fault(orders_->RazDocInt(order_, VARIANT_TRUE), 10, L"Bon"));
-  SafeArrayUnlock(slots);
-  ASSERT_EQ(slots, element<Type_LigneRessource>(order_->TabTech, 1).TabPlage);
-  EXPECT_EQ(L"Plage", host::get(element<Type_BarTime>(slots, 1).Libelle));
+TEST_P(RazDocIntRefused, OfFixedSizeIsFault10AndLosesNothing) {
+  array()->fFeatures |= FADF_FIXEDSIZE;
+  expect_refused(10);
+  array()->fFeatures = static_cast<USHORT>(array()->fFeatures & ~FADF_FIXEDSIZE);
 }
 
-TEST_F(RazDocInt, OfLockedEquipmentFailsWithTheObjectsKept) {
-  SafeArrayLock(order_->TabAppareil);
-  EXPECT_TRUE(host::is_fault(orders_->RazDocInt(order_, VARIANT_TRUE), 10, L"Bon"));
-  SafeArrayUnlock(order_->TabAppareil);
-  EXPECT_EQ(nullptr, order_->TabTech);
-  EXPECT_EQ((Counts{2, 2}), objects_.references());
-  EXPECT_NE(nullptr, order_->TabArticle);
+TEST_P(RazDocIntRefused, OfElementsOfAnotherSizeIsFault13AndLosesNothing) {
+  SAFEARRAY* foreign = host::make_array(array()->cbElements + 4, 2);
+  SAFEARRAY* own = std::exchange(array(), foreign);
+  const std::string before(reinterpret_cast<const char*>(&*order_), sizeof(Type_Bon));
+  EXPECT_TRUE(host::is_fault(orders_->RazDocInt(order_, VARIANT_TRUE), 13, L"Bon"));
+  EXPECT_EQ(before, std::string(reinterpret_cast<const char*>(&*order_), sizeof(Type_Bon)));
+  SafeArrayDestroy(std::exchange(array(), own));
 }
 
-TEST_F(RazDocInt, OfLockedArticlesFailsWithTheVatObjectKept) {
-  SafeArrayLock(order_->TabArticle);
-  EXPECT_TRUE(host::is_fault(orders_->RazDocInt(order_, VARIANT_TRUE), 10, L"Bon"));
-  SafeArrayUnlock(order_->TabArticle);
-  EXPECT_EQ((Counts{1, 1}), objects_.references());
-  EXPECT_EQ(L"A3", host::get(element<Type_LigneArticle>(order_->TabArticle, 2).CodeArt));
-  EXPECT_EQ(Counts{2}, vat_.references());
-}
+const RefusedArray kArrays[] = {
+    {"Technicians", [](Type_Bon& order) -> SAFEARRAY*& { return order.TabTech; }},
+    {"SlotsOfTheLastTechnician",
+     [](Type_Bon& order) -> SAFEARRAY*& { return element<Type_LigneRessource>(order.TabTech, 1).TabPlage; }},
+    {"Equipment", [](Type_Bon& order) -> SAFEARRAY*& { return order.TabAppareil; }},
+    {"Articles", [](Type_Bon& order) -> SAFEARRAY*& { return order.TabArticle; }},
+};
+
+INSTANTIATE_TEST_SUITE_P(Arrays, RazDocIntRefused, ::testing::ValuesIn(kArrays),
+                         [](const auto& test) { return test.param.name; });
 
 TEST_F(RazDocInt, OfTechniciansFromAnotherLowerBoundFailsAndLosesNothing) {
   order_->TabTech->rgsabound[0].lLbound = 1;
@@ -143,15 +158,40 @@ TEST_F(RazDocInt, OfTechniciansFromAnotherLowerBoundFailsAndLosesNothing) {
   EXPECT_EQ(kNone, host::differences(*before, *order_));
 }
 
-TEST_F(RazDocInt, OfTechniciansOfAnotherSizeFailsAndLosesNothing) {
+TEST_F(RazDocInt, OfTechniciansOfTwoDimensionsFailsAndLosesNothing) {
   SAFEARRAY* technicians = std::exchange(order_->TabTech, nullptr);
   const auto before = host::snapshot(*order_);
-  SAFEARRAY* foreign = order_->TabTech = host::make_array(sizeof(Type_LigneRessource) + 4, 2);
-  EXPECT_TRUE(host::is_fault(orders_->RazDocInt(order_, VARIANT_TRUE), 13, L"Bon"));
-  EXPECT_EQ(foreign, order_->TabTech);
-  SafeArrayDestroy(std::exchange(order_->TabTech, nullptr));
+  host::dimension_twice(order_->TabTech, sizeof(Type_LigneRessource));
+  host::set(element<Type_LigneRessource>(order_->TabTech, 1).Nom, L"Technicien");
+  EXPECT_TRUE(host::is_fault(orders_->RazDocInt(order_, VARIANT_TRUE), 9, L"Bon"));
+  SAFEARRAY* kept = std::exchange(order_->TabTech, nullptr);
   EXPECT_EQ(kNone, host::differences(*before, *order_));
+  EXPECT_EQ(L"Technicien", host::get(element<Type_LigneRessource>(kept, 1).Nom));
+  velmosav::destroy_record_array(kept, velmosav::layout_of<Type_LigneRessource>());
   order_->TabTech = technicians;
+}
+
+TEST_F(RazDocInt, OfEquipmentFromAnotherLowerBoundFailsAndLosesNothing) {
+  order_->TabAppareil->rgsabound[0].lLbound = 1;
+  const auto before = host::snapshot(*order_);
+  EXPECT_TRUE(host::is_fault(orders_->RazDocInt(order_, VARIANT_TRUE), 9, L"Bon"));
+  EXPECT_EQ(kNone, host::differences(*before, *order_));
+}
+
+TEST_F(RazDocInt, ErasesArticlesFromAnyLowerBound) {
+  order_->TabArticle->rgsabound[0].lLbound = 1;
+  ASSERT_EQ(S_OK, orders_->RazDocInt(order_, VARIANT_TRUE));
+  EXPECT_EQ(nullptr, order_->TabArticle);
+}
+
+TEST_F(RazDocInt, ErasesListsWithRecordInformation) {
+  velmosav::erase<Type_LigneArticle>(order_->TabArticle);
+  const auto info = host::record_info_of(orders_.get(), velmosav::layout_of<Type_LigneArticle>().id);
+  SAFEARRAYBOUND bound{2, 0};
+  order_->TabArticle = SafeArrayCreateEx(VT_RECORD, 1, &bound, info.get());
+  host::set(element<Type_LigneArticle>(order_->TabArticle, 0).CodeArt, L"A1");
+  ASSERT_EQ(S_OK, orders_->RazDocInt(order_, VARIANT_TRUE));
+  EXPECT_EQ(kNone, host::differences(*expected_, *order_));
 }
 
 class RazDocIntByName : public RazDocInt {

@@ -104,14 +104,40 @@ TEST_F(RazTabApp, OfAFixedArrayFailsAndLosesNothing) {
   host::free_objects(array_, 2);
 }
 
-TEST_F(RazTabApp, ReleasesTheObjectsOfAnArrayOfVariantsOnce) {
+TEST_F(RazTabApp, OfElementsOfAnotherSizeFailsAndLosesNothing) {
   Objects objects(1);
   SAFEARRAYBOUND bound{1, 0};
-  array_ = SafeArrayCreate(VT_VARIANT, 1, &bound);
+  SAFEARRAY* variants = array_ = SafeArrayCreate(VT_VARIANT, 1, &bound);
   host::element<VARIANT>(array_, 0) = host::object_value(objects.at(0)).detach();
+  EXPECT_TRUE(host::is_fault(orders_->RazTabApp(&array_), 13, L"Bon"));
+  EXPECT_EQ(variants, array_);
+  EXPECT_EQ(Counts{2}, objects.references());
+  SafeArrayDestroy(std::exchange(array_, nullptr));
+}
+
+TEST_F(RazTabApp, FromAnotherLowerBoundFailsAndLosesNothing) {
+  Objects objects(2);
+  array_ = objects.array_of({{2, 1}});
+  EXPECT_TRUE(host::is_fault(orders_->RazTabApp(&array_), 9, L"Bon"));
+  EXPECT_EQ((Counts{2, 2}), objects.references());
+  host::free_objects(array_, 2);
+}
+
+TEST_F(RazTabApp, FromBelowZeroReleasesAllObjects) {
+  Objects objects(3);
+  array_ = objects.array_of({{3, -1}});
   ASSERT_EQ(S_OK, orders_->RazTabApp(&array_));
-  EXPECT_EQ(Counts{1}, objects.references());
-  EXPECT_EQ(nullptr, array_);
+  EXPECT_EQ((Counts{1, 1, 1}), objects.references());
+}
+
+TEST_F(RazTabApp, OfALockedArrayWithoutMemoryFailsAndKeepsIt) {
+  ASSERT_EQ(S_OK, SafeArrayAllocDescriptor(1, &array_));
+  array_->cbElements = sizeof(IDispatch*);
+  array_->cLocks = 1;
+  EXPECT_TRUE(host::is_fault(orders_->RazTabApp(&array_), 10, L"Bon"));
+  ASSERT_NE(nullptr, array_);
+  array_->cLocks = 0;
+  SafeArrayDestroy(std::exchange(array_, nullptr));
 }
 
 TEST_F(RazTabApp, AnswersALateBoundCall) {
