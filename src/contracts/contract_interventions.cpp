@@ -9,6 +9,7 @@ namespace velmosav {
 
 short scheduled_intervention_count(const Type_Contrat& contract) {
   short count = count_of(contract.TabCadInterv);
+  if (count == -1) return count;  // never dimensioned, or too many rows to be counted
   const ArrayView<Type_CadencierInterv> rows(contract.TabCadInterv);
   for (long i = 0; i < rows.end(); ++i) {
     if (is_blank(view(rows[i].CodeSite)) && is_blank(view(rows[i].Libelle))) --count;

@@ -91,5 +91,14 @@ TEST_F(ContratDocInterventions, NbrCadInterv_OnlyBlankRows_IsZero) {
   EXPECT_EQ(0, value_of(scheduled_count()));
 }
 
+TEST_F(ContratDocInterventions, NbrCadInterv_TooManyRowsToBeCounted_IsMinusOneHoweverManyAreBlank) {
+  for (const unsigned long rows : {32768UL, 40000UL}) {
+    dimension<Type_CadencierInterv>(contract_->TabCadInterv, rows);
+    EXPECT_EQ(-1, value_of(scheduled_count())) << rows;
+    set(element<Type_CadencierInterv>(contract_->TabCadInterv, 7).CodeSite, L"A");
+    EXPECT_EQ(-1, value_of(scheduled_count())) << rows;
+  }
+}
+
 }  // namespace
 }  // namespace host
