@@ -3,6 +3,7 @@
 #include "automation/date_text.h"
 #include "automation/fault.h"
 #include "automation/number_text.h"
+#include "automation/variant.h"
 #include "constants/constant_sets.h"
 
 namespace velmosav {
@@ -28,7 +29,7 @@ Bstr corrected_february(std::wstring_view date) {
   const double year =
       leading_number(from(date, place == std::wstring_view::npos ? 3 : place + kMonth.size()));
   const Bstr year_text = number_text(year);
-  const bool leap = static_cast<long long>(year) % 4 == 0;
+  const bool leap = to_long(Variant(year).get()) % 4 == 0;
   const Bstr corrected = concat({leap ? L"29/02/" : L"28/02/", year_text.view()});
   return format_date_text(corrected.view(), initial<ApiGeneralConstants>.m_FMT_DATE);
 }

@@ -12,7 +12,7 @@ constexpr std::wstring_view kOrdinals = L"&Premier;&Deuxième;&Troisième;&Quatr
 constexpr std::wstring_view kMonths =
     L"&Janvier;&Février;&Mars;&Avril;Ma&i;J&uin;Jui&llet;A&oût;&Septembre;O&ctobre;&Novembre;&Décembre;#F";
 
-/// The items of a list text: their keys side by side, their names.
+/// The items of a list text that have a key: their keys side by side, their names.
 struct ListItems {
   std::wstring keys;
   std::vector<std::wstring> names;
@@ -26,7 +26,8 @@ ListItems read_list(std::wstring_view list, bool remove_mark) {
     if (item == L"#F") continue;
     const std::size_t mark = item.find(L'&');
     const std::size_t letter = mark == std::wstring_view::npos ? 0 : mark + 1;
-    if (letter < item.size()) items.keys.push_back(item[letter]);
+    if (letter >= item.size()) continue;  // no key selects it
+    items.keys.push_back(item[letter]);
     std::wstring name(item);
     if (remove_mark && mark != std::wstring_view::npos) name.erase(mark, 1);
     items.names.push_back(std::move(name));

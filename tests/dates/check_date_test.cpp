@@ -103,6 +103,16 @@ TEST(Periodicite, CheckDate_TextThatIsNoDateIsUnchanged) {
   }
 }
 
+TEST(Periodicite, CheckDate_YearBeyond32BitsIsFault6) {
+  const Recurrence object;
+  for (const wchar_t* date :
+       {L"30/02/1e30", L"30/02/1e300", L"29/02/2147483648", L"30/02/99999999999999999999"}) {
+    Text result(L"not set");
+    EXPECT_TRUE(is_fault(object->CheckDate(Text(date), &result), 6, L"Periodicite"));
+    EXPECT_EQ(L"", result.str());
+  }
+}
+
 TEST(Periodicite, CheckDate_NullTextIsEmpty) {
   Text result(L"not set");
   ASSERT_EQ(S_OK, Recurrence()->CheckDate(nullptr, &result));

@@ -71,6 +71,13 @@ TEST(Periodicite, GetListeFormat_WithoutReplacementTheMarkStays) {
   EXPECT_EQ(result, std::wstring_view(L"M&ercredi, &Jeudi"));
 }
 
+TEST(Periodicite, GetListeFormat_AnItemWithoutKeyShiftsNoName) {
+  const Recurrence object;
+  EXPECT_EQ(L"A, B", object.names(L"AB", L"&A;;&B;#F"));
+  EXPECT_EQ(L"B", object.names(L"B", L"  ;&;&B;#F"));
+  EXPECT_EQ(L"A, C", object.names(L"AC", L"&A;B&;&C;#F"));
+}
+
 TEST(Periodicite, GetListeFormat_WithReplacementTheMarkGoes) {
   const Recurrence object;
   Text keys(L"EJ");
