@@ -70,7 +70,9 @@ Variant value_under_mouse(IDispatch* grid, short* row, short* column) {
 void set_up_quantity_column(IDispatch* column, BYTE decimals, std::wstring_view bounds, bool plain_display) {
   const HostObject object(column);
   const Bstr format = concat({L"N;7.", whole_number_text(decimals).view(), L";", bounds, L"B"});
-  if (text_property(object, L"Format").view() == format.view()) return;
+  const Variant current = object.get(L"Format");
+  // Null is equal to no format.
+  if (dereferenced(current.get()).vt != VT_NULL && to_text(current.get()).view() == format.view()) return;
   object.put(L"Param", Variant(Bstr(L"")));
   object.put(L"TypeSaisie", Variant(static_cast<short>(numeric_field())));
   object.put(L"Format", Variant(Bstr(format.view())));

@@ -148,6 +148,12 @@ TEST_F(GestionColQte, AFormatThatCannotBeReadChangesNothing) {
   EXPECT_EQ(Log{L"get Format"}, column_->log);
 }
 
+TEST_F(GestionColQte, AColumnWhoseFormatIsNullIsSetUp) {
+  add_property(column_, L"Format", host::null_value());
+  ASSERT_EQ(S_OK, set_up(2, L">0;"));
+  EXPECT_EQ(uses(L"N;7.2;>0;B", L"#,0.00;;#"), column_->log);
+}
+
 TEST_F(GestionColQte, NoColumnFails) {
   IDispatch* none = nullptr;
   EXPECT_TRUE(is_fault(tools_->GestionColQte(&none, Text(L""), 2, Text(L""), Text(L""), VARIANT_FALSE), 91,
