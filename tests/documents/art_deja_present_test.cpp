@@ -88,6 +88,16 @@ TEST_F(ArtDejaPresent, TakesAnyNumberOrNumericTextAsLine) {
   EXPECT_TRUE(contains(L"B2", coverage, Variant(40000L)));
 }
 
+TEST_F(ArtDejaPresent, SkipsNoLineForANumberBetweenTwoLines) {
+  auto coverage = coverage_of({L"A1", L"B2", L"C3"});
+  for (const double line : {0.5, 1.5, 0.999999, -0.5}) {
+    for (const wchar_t* article : {L"A1", L"B2", L"C3"}) {
+      EXPECT_TRUE(contains(article, coverage, Variant(line))) << line;
+    }
+  }
+  EXPECT_TRUE(contains(L"B2", coverage, host::text_value(L"1,5")));
+}
+
 TEST_F(ArtDejaPresent, SkipsTheFirstLineForAnEmptyLineNumber) {
   auto coverage = coverage_of({L"A1", L"B2"});
   EXPECT_FALSE(contains(L"A1", coverage, Variant()));
