@@ -11,6 +11,10 @@ const std::string& client_of(const DueLine& line) {
   return line.contract ? line.contract->input.nom_client : line.order->input.nom_client;
 }
 
+Tarif tariff_of(const DueLine& line) {
+  return line.contract ? line.contract->input.tarif : line.order->input.tarif;
+}
+
 // Ranks may leave gaps: the rows themselves are counted. Markup in a text is escaped.
 int count_rows(const Text& xml, const Text& row_element) {
   const std::wstring tag = L"<" + std::wstring(row_element.view()) + L" ";
@@ -30,12 +34,13 @@ Totals totals_of(const DueLine& line) {
 }  // namespace
 
 InvoiceWriter::InvoiceWriter(Library& library, VatTable& table, Problems& problems,
-                             std::filesystem::path folder, std::string date)
+                             std::filesystem::path folder, std::string date, const Preview* preview)
     : library_(library),
       table_(table),
       problems_(problems),
       folder_(std::move(folder)),
-      date_(std::move(date)) {}
+      date_(std::move(date)),
+      preview_(preview) {}
 
 void InvoiceWriter::write(const std::vector<DueLine>& lines,
                           const std::function<void(std::size_t)>& advance) {
@@ -84,6 +89,7 @@ InvoiceSummary InvoiceWriter::make(const std::string& code, const std::vector<co
   }
   summary.lines = count_rows(xml, library_.codes().row_element);
   save(code, xml);
+  if (preview_) preview_->write(xml, tariff_of(*documents[0]), folder_ / (code + ".html"));
   return summary;
 }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "grid.h"
+#include "preview.h"
 
 namespace facturation {
 
@@ -19,8 +20,9 @@ struct InvoiceSummary {
 
 class InvoiceWriter {
  public:
+  /// `preview`: writes each invoice as a page too; may be null.
   InvoiceWriter(Library& library, VatTable& table, Problems& problems, std::filesystem::path folder,
-                std::string date);
+                std::string date, const Preview* preview);
 
   /// Makes the invoices of the ticked lines; `advance` is told how many lines were done.
   void write(const std::vector<DueLine>& lines, const std::function<void(std::size_t)>& advance);
@@ -37,6 +39,7 @@ class InvoiceWriter {
   Problems& problems_;
   std::filesystem::path folder_;
   std::string date_;
+  const Preview* preview_;
   int last_number_ = 0;
   std::vector<InvoiceSummary> invoices_;
 };

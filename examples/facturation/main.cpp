@@ -59,7 +59,9 @@ int invoice(const Options& options) {
   Library library;
   std::filesystem::create_directories(options.sortie);
   const ComPtr<VatTable> table = VatTable::make(input->tva);
-  InvoiceWriter writer(library, *table.get(), problems, options.sortie, date);
+  std::optional<Preview> preview;
+  if (!options.feuille_de_style.empty()) preview.emplace(options.feuille_de_style);
+  InvoiceWriter writer(library, *table.get(), problems, options.sortie, date, preview ? &*preview : nullptr);
   Progress progress(2 * documents * static_cast<std::size_t>(options.repeter));
   shown_progress = &progress;
   Campaign campaign(*input, library, *table.get(), problems, progress, writer, *parse_day(date));

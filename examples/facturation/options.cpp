@@ -50,6 +50,7 @@ par défaut, le dossier « donnees » placé près du programme.
 
   --date JJ/MM/AAAA   date de facturation (par défaut, celle de contrats.json)
   --sortie DOSSIER    dossier des factures (par défaut, « factures » à côté des données)
+  --apercu            écrit aussi chaque facture en page HTML, près de son XML
   --repeter N         traite N fois les données, chaque fois pour d'autres clients
   --aide              affiche cette aide
 
@@ -70,7 +71,9 @@ std::optional<Options> parse_options(const std::vector<std::wstring>& arguments,
       options.aide = true;
       return options;
     }
-    if (argument == L"--date" || argument == L"--sortie" || argument == L"--repeter") {
+    if (argument == L"--apercu") {
+      options.feuille_de_style = program_folder() / L"facture.xsl";
+    } else if (argument == L"--date" || argument == L"--sortie" || argument == L"--repeter") {
       if (++i == arguments.size()) return refuse("option " + shown + " : valeur manquante");
       const std::wstring& value = arguments[i];
       const std::string shown_value = "« " + to_utf8(value) + " »";

@@ -13,6 +13,8 @@ struct Options {
   std::filesystem::path sortie;
   std::optional<std::string> date;
   int repeter = 1;
+  /// Where the style sheet of the pages is; empty when none are wanted.
+  std::filesystem::path feuille_de_style;
   bool aide = false;
 };
 

@@ -89,6 +89,64 @@ class SampleData(unittest.TestCase):
         self.assertLessEqual(summed, sides)
 
 
+class Pages(unittest.TestCase):
+    """--apercu: each invoice as a page for the customer, laid out by facture.xsl."""
+
+    XHTML = "{http://www.w3.org/1999/xhtml}"
+
+    @classmethod
+    def setUpClass(cls):
+        cls.run_ = Run("--apercu", windows_path(SAMPLES))
+        cls.pages = {path.stem: ElementTree.parse(path).getroot()
+                     for path in pathlib.Path(cls.run_.folder.name).glob("*.html")}
+
+    @classmethod
+    def amounts(cls, page, *identifiers):
+        """The amounts in cells of the page, in its order."""
+        cells = page.iter(f"{cls.XHTML}td")
+        return [number(cell.text.removesuffix("\u00a0€")) for cell in cells if cell.get("id") in identifiers]
+
+    def test_all_goes_well(self):
+        self.assertEqual((0, []), (self.run_.code, self.run_.errors))
+
+    def test_one_page_beside_each_xml_file(self):
+        files = pathlib.Path(self.run_.folder.name).glob("*.xml")
+        self.assertEqual(sorted(path.stem for path in files), sorted(self.pages))
+        self.assertEqual(len(expected_totals(SAMPLES)), len(self.pages))
+
+    def test_totals_of_the_pages_are_those_computed_from_the_data_alone(self):
+        shown = sorted(tuple(self.amounts(page, "total-ht", "total-tva", "total-ttc")) for page in self.pages.values())
+        self.assertEqual(sorted(total[1:] for total in expected_totals(SAMPLES)), shown)
+
+    def test_distribution_of_the_vat_adds_up_to_the_totals(self):
+        for code, page in self.pages.items():
+            table = next(t for t in page.iter(f"{self.XHTML}table") if t.get("class") == "tva")
+            rows = [row.findall(f"{self.XHTML}td") for row in table.iter(f"{self.XHTML}tr")]
+            sums = [sum(number(row[i].text.removesuffix("\u00a0€")) for row in rows if row) for i in (1, 2)]
+            self.assertEqual(self.amounts(page, "total-ht", "total-tva"), sums, code)
+
+    def test_every_row_of_the_invoice_is_shown(self):
+        for code, page in self.pages.items():
+            invoice = ElementTree.parse(pathlib.Path(self.run_.folder.name) / f"{code}.xml").getroot()
+            shown = "\n".join(page.itertext())
+            for row in invoice.iter("ROW"):
+                self.assertIn(row.findtext("DESIGNATION").strip(), shown, code)
+
+    def test_addresses_and_customer_are_shown(self):
+        for code, page in self.pages.items():
+            invoice = ElementTree.parse(pathlib.Path(self.run_.folder.name) / f"{code}.xml").getroot()
+            shown = "\n".join(page.itertext())
+            customer = invoice.findtext("DESIGNATION").split("\n", 1)[1]
+            for text in (code, customer, invoice.find("ADRFACTURATION").get("CITY"),
+                         invoice.find("ADRCHANTIER").get("ADR")):
+                self.assertIn(text, shown, code)
+
+    def test_no_amount_is_missing(self):
+        for code, page in self.pages.items():
+            self.assertNotIn("NaN", "".join(page.itertext()), code)
+            self.assertNotIn("—", "".join(page.itertext()), code)
+
+
 class FaultyData(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
