@@ -71,6 +71,10 @@ def run_examples(build):
 def main(build, names):
     reports = build / "tests" / "reports"
     reports.mkdir(parents=True, exist_ok=True)
+    # Where a program leaves its rows for the reliability report.
+    reliability = build.parent / "reliability"
+    reliability.mkdir(exist_ok=True)
+    os.environ["SAV_RELIABILITY"] = str(reliability)
     jobs = [(p.stem, lambda p=p: run_program(p, reports / f"{p.stem}.json")) for p in expected_programs(build)]
     jobs.append(("test_examples", lambda: run_examples(build)))
     unknown = set(names) - {name for name, _ in jobs}
