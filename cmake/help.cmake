@@ -10,6 +10,7 @@ add_custom_command(
   OUTPUT ${VELMOSAV_HELP_FILE}
   COMMAND ${Python3_EXECUTABLE} ${PROJECT_SOURCE_DIR}/tools/make_help.py ${PROJECT_SOURCE_DIR} ${VELMOSAV_HELP_FILE}
   DEPENDS ${HELP_SOURCES} ${PROJECT_SOURCE_DIR}/tools/make_help.py ${PROJECT_SOURCE_DIR}/src/automation/faults.def
+    ${PROJECT_SOURCE_DIR}/tests/atomicity/methods.def
   COMMENT "Compiling the help file"
   VERBATIM)
 add_custom_target(help_file ALL DEPENDS ${VELMOSAV_HELP_FILE})

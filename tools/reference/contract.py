@@ -49,6 +49,7 @@ class Method:
     help: str
     parameters: list
     result: str | None  # IDL type of the result
+    remains: str | None = None  # what a fault leaves: "" for nothing; None where nobody says
 
     @property
     def result_name(self):
@@ -216,13 +217,25 @@ def read_faults(root):
     return [Fault(int(number), words) for number, words in re.findall(r'^FAULT\((\d+), \w+, "(.*)"\)$', text, re.M)]
 
 
+def read_remains(root):
+    """(class, method) -> what a fault leaves of the steps done before it; empty when everything is as it was."""
+    text = (root / "tests" / "atomicity" / "methods.def").read_text(encoding="utf-8")
+    unchanged = re.findall(r"^UNCHANGED\((\w+), (\w+)\)$", text, re.M)
+    steps = re.findall(r'^STEPS\((\w+), (\w+), "(.*)"\)$', text, re.M)
+    return {names: "" for names in unchanged} | {(class_, method): left for class_, method, left in steps}
+
+
 def read_contract(root):
     folder = root / "interface"
     library = (folder / f"{LIBRARY}.idl").read_text(encoding="utf-8")
     names = re.findall(r"^AUTOMATION_CLASS\((\w+)\)$", (folder / "classes.def").read_text(encoding="utf-8"), re.M)
     accented = read_accented_names(folder)
+    classes = [read_class(folder, name, accented) for name in names]
+    remains = read_remains(root)
+    for class_ in classes:
+        for method in class_.methods:
+            method.remains = remains.get((class_.name, method.name))
     return Contract(
         re.search(r'helpcontext\(LIBRARY_PAGE\), helpstring\("(.*?)"\)', library).group(1),
         {name: int(number) for name, number in re.findall(r"^#define (\w+_PAGE) (\d+)$", library, re.M)},
-        [read_class(folder, name, accented) for name in names],
-        read_records(folder), read_enumerations(folder), read_faults(root))
+        classes, read_records(folder), read_enumerations(folder), read_faults(root))

@@ -116,6 +116,8 @@ def read_class_help(path):
 def entry_faults(method, entry, known_faults, place):
     if not any(entry.text):
         yield f"{place}: no description"
+    if method.remains is None:
+        yield f"{place}: tests/atomicity/methods.def does not say what a fault leaves"
     names = [parameter.name for parameter in method.parameters]
     for name in names:
         if name not in entry.parameters:

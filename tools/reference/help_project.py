@@ -14,7 +14,8 @@ GUIDE = ("README", "first-call", "records", "faults", "regional-settings", "invo
 STYLE = """body { font: 10pt "Segoe UI", Tahoma, sans-serif; margin: 1em 1.5em; color: #222; }
 h1, h2 { font-size: 17pt; color: #1f3f66; border-bottom: 2px solid #1f3f66; padding-bottom: 3px; }
 h2 { font-size: 13pt; margin-top: 1.6em; border-bottom: 1px solid #c8d3e0; }
-pre { font: 9.5pt Consolas, "Courier New", monospace; background: #f4f6f9; border: 1px solid #d8dfe8; padding: 6px 10px; }
+pre { font: 9.5pt Consolas, "Courier New", monospace; background: #f4f6f9; border: 1px solid #d8dfe8;
+      padding: 6px 10px; }
 code { font: 9.5pt Consolas, "Courier New", monospace; color: #7a2d12; }
 table { border-collapse: collapse; margin: 0.8em 0; }
 th { text-align: left; background: #e7edf5; }
@@ -141,7 +142,8 @@ def index(contract):
     names = [(class_.name, f"{class_.name}.html") for class_ in contract.classes]
     for class_ in contract.classes:
         names += [(f"{method.name} ({class_.name})", method_page(class_, method)) for method in class_.methods]
-        names += [(f"{constant.name} ({class_.name})", constant_place(class_, constant)) for constant in class_.constants]
+        names += [(f"{constant.name} ({class_.name})", constant_place(class_, constant))
+                  for constant in class_.constants]
     names += [(record.name, f"records.html#{slug(record.name)}") for record in contract.records]
     names += [(e.name, f"enumerations.html#{slug(e.name)}") for e in contract.enumerations]
     return sitemap([entry(name, place) for name, place in sorted(names, key=lambda pair: pair[0].lower())])

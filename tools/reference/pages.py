@@ -72,15 +72,16 @@ def parameter_rows(method, entry):
         yield "result", method.result_name, "", "", entry.result
 
 
-def fault_lines(entry, faults):
+def fault_lines(method, entry, faults):
     texts = {str(fault.number): fault.text for fault in faults}
     if not entry.faults:
         return ["No run-time fault of its own."]
     lines = []
     for number, when in entry.faults:
-        name = "the called object's own failure is passed on" if number == "passed on" else f"**{number}** {texts[number]}"
+        name = f"**{number}** {texts[number]}" if number in texts else "the called object's own failure is passed on"
         lines.append(f"- {name}: {when}")
-    return lines
+    left = f"After a fault remains {method.remains}." if method.remains else "After a fault everything is as it was."
+    return [*lines, "", left]
 
 
 def example_lines(class_, example):
@@ -108,7 +109,7 @@ def method_lines(class_, method, entry, faults):
     rows = list(parameter_rows(method, entry))
     if len(rows) > 1:
         lines += [*table(*rows), ""]
-    lines += ["Faults", "", *fault_lines(entry, faults), ""]
+    lines += ["Faults", "", *fault_lines(method, entry, faults), ""]
     for example in entry.examples:
         lines += [*example_lines(class_, example), ""]
     return lines
@@ -126,7 +127,8 @@ def class_head(class_, help_):
 
 
 def constants_lines(class_):
-    return ["## Constants", "", "Properties, read and written; a value that a host assigns holds for that instance.", "",
+    return ["## Constants", "",
+            "Properties, read and written; a value that a host assigns holds for that instance.", "",
             *table(("No.", "Name", "Type", "Value", ""),
                    *((str(c.number), f"`{c.name}`", c.type_name, f"`{c.initial}`", c.help)
                      for c in class_.constants)), ""]
