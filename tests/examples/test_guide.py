@@ -62,7 +62,8 @@ class Code(unittest.TestCase):
 
     def test_cpp_stands_in_the_example_as_it_is_shown(self):
         example = ROOT / "examples" / "premier_appel"
-        source = "\n".join("\n".join(plain((example / name).read_text(encoding="utf-8"))) for name in ("main.cpp", "sav.h"))
+        files = [(example / name).read_text(encoding="utf-8") for name in ("main.cpp", "sav.h")]
+        source = "\n".join("\n".join(plain(text)) for text in files)
         for page in sorted(GUIDE.glob("*.md")):
             for text in blocks(page, "cpp"):
                 self.assertIn("\n".join(plain(text)), source, page.name)

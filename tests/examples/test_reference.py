@@ -1,6 +1,7 @@
 """docs/reference: what interface/ says now, every member described, and examples that show what is true."""
 
 import pathlib
+import re
 import subprocess
 import sys
 import tempfile
@@ -15,6 +16,17 @@ from reference.pages import all_pages  # noqa: E402
 TIME_LIMIT = 120
 # Wine's script host writes a Boolean as a number, Windows' in words.
 BOOLEANS = {"Vrai": "-1", "Faux": "0"}
+
+
+def faults_that_happen():
+    """(class, method, number) of the cases of tests/atomicity, each of which makes a fault happen."""
+    found = set()
+    for path in (ROOT / "tests" / "atomicity").glob("*_faults.cpp"):
+        text = path.read_text(encoding="utf-8")
+        names = dict(re.findall(r'constexpr wchar_t (\w+)\[\] = L"(\w+)";', text))
+        cases = re.findall(r'\{\s*(\w+|L"\w+"),\s*L"(\w+)",\s*"[^"]*"(?:\s*"[^"]*")*,\s*(-?\w+)', text)
+        found |= {(names.get(name, name.removeprefix('L').strip('"')), method, code) for name, method, code in cases}
+    return found
 
 
 def hoisted(lines):
@@ -66,6 +78,16 @@ class Reference(unittest.TestCase):
 
     def test_every_member_has_its_true_entry(self):
         self.assertEqual([], help_faults(self.contract, self.helps))
+
+    def test_every_fault_that_a_test_makes_happen_is_described(self):
+        happening = faults_that_happen()
+        self.assertGreater(len(happening), 80)
+        missing = []
+        for class_name, method, code in sorted(happening):
+            described = [number for number, _ in self.helps[class_name].entries[method].faults]
+            if (code if code.isdigit() else "passed on") not in described:
+                missing.append(f"{class_name}.{method}: {code}")
+        self.assertEqual([], missing)
 
     def test_pages_are_those_that_sav_reference_writes(self):
         folder = ROOT / "docs" / "reference"

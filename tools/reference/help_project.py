@@ -15,7 +15,7 @@ STYLE = """body { font: 10pt "Segoe UI", Tahoma, sans-serif; margin: 1em 1.5em; 
 h1, h2 { font-size: 17pt; color: #1f3f66; border-bottom: 2px solid #1f3f66; padding-bottom: 3px; }
 h2 { font-size: 13pt; margin-top: 1.6em; border-bottom: 1px solid #c8d3e0; }
 pre { font: 9.5pt Consolas, "Courier New", monospace; background: #f4f6f9; border: 1px solid #d8dfe8;
-      padding: 6px 10px; }
+      padding: 6px 10px; white-space: pre-wrap; }
 code { font: 9.5pt Consolas, "Courier New", monospace; color: #7a2d12; }
 table { border-collapse: collapse; margin: 0.8em 0; }
 th { text-align: left; background: #e7edf5; }
@@ -105,7 +105,7 @@ def class_pages(contract, class_, help_, link_of):
     yield page(f"{class_.name}.html", class_.name, class_head(class_, help_) + (
         ["", "[Constants](#constants)"] if class_.constants else []))
     for method in class_.methods:
-        lines = method_lines(class_, method, help_.entries[method.name], contract.faults)
+        lines = method_lines(contract, class_, method, help_.entries[method.name])
         title = f"{class_.name}.{method.name}"
         yield page(method_page(class_, method), title, [f"# {title}", *lines[1:]])
     if class_.constants:

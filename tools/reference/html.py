@@ -1,4 +1,4 @@
-"""The little of Markdown that the documents use, as HTML: headings, paragraphs, lists, tables, code, pictures, links."""
+"""The little of Markdown that the documents use, as HTML: headings, text, lists, tables, code, pictures, links."""
 
 import html
 import re

@@ -58,7 +58,17 @@ def cpp_signature(method):
     return wrapped(f"HRESULT {method.name}(", parts, ");")
 
 
-def parameter_rows(method, entry):
+def type_link(type_name, contract):
+    """The name of a type, leading to its own part where it has one."""
+    plain = type_name.split("(")[0]
+    if any(plain == record.name for record in contract.records):
+        return f"[{type_name}](records.md#{plain.lower()})"
+    if any(plain == enumeration.name for enumeration in contract.enumerations):
+        return f"[{type_name}](enumerations.md#{plain.lower()})"
+    return type_name
+
+
+def parameter_rows(contract, method, entry):
     yield "Parameter", "Type", "Passed", "Default", "Meaning"
     for parameter in method.parameters:
         default = parameter.default_text
@@ -66,10 +76,10 @@ def parameter_rows(method, entry):
             default = "required"
         elif default is None:
             default = "may be left out"
-        yield (f"`{parameter.name}`", parameter.type_name,
+        yield (f"`{parameter.name}`", type_link(parameter.type_name, contract),
                "by reference" if parameter.by_reference else "by value", default, entry.parameters[parameter.name])
     if method.result:
-        yield "result", method.result_name, "", "", entry.result
+        yield "result", type_link(method.result_name, contract), "", "", entry.result
 
 
 def fault_lines(method, entry, faults):
@@ -80,7 +90,7 @@ def fault_lines(method, entry, faults):
     for number, when in entry.faults:
         name = f"**{number}** {texts[number]}" if number in texts else "the called object's own failure is passed on"
         lines.append(f"- {name}: {when}")
-    left = f"After a fault remains {method.remains}." if method.remains else "After a fault everything is as it was."
+    left = f"What remains after a fault: {method.remains}." if method.remains else "After a fault everything is as it was."
     return [*lines, "", left]
 
 
@@ -103,13 +113,13 @@ def trimmed(lines):
     return lines
 
 
-def method_lines(class_, method, entry, faults):
+def method_lines(contract, class_, method, entry):
     lines = [f"## {method.name}", "", f"*{method.help}*", "", "```basic", *basic_signature(method), "```", "",
              "```cpp", *cpp_signature(method), "```", "", *trimmed(entry.text), ""]
-    rows = list(parameter_rows(method, entry))
+    rows = list(parameter_rows(contract, method, entry))
     if len(rows) > 1:
         lines += [*table(*rows), ""]
-    lines += ["Faults", "", *fault_lines(method, entry, faults), ""]
+    lines += ["**Faults**", "", *fault_lines(method, entry, contract.faults), ""]
     for example in entry.examples:
         lines += [*example_lines(class_, example), ""]
     return lines
@@ -137,12 +147,11 @@ def constants_lines(class_):
 def class_page(contract, class_, help_):
     lines = class_head(class_, help_)
     for method in class_.methods:
-        lines += method_lines(class_, method, help_.entries[method.name], contract.faults)
+        lines += method_lines(contract, class_, method, help_.entries[method.name])
     return lines + (constants_lines(class_) if class_.constants else [])
 
 
 def records_page(contract):
-    names = [record.name for record in contract.records]
     lines = ["# Records", NOTICE, "",
              "The host owns every record; [Records and arrays](../guide/records.md) says who frees what. Fields are",
              "laid out in this order on 4 bytes (an Integer or a Boolean on 2). `Name()` is a dynamic array, a",
@@ -152,11 +161,7 @@ def records_page(contract):
         lines += [f"## {record.name}", "", f"*{record.help}*", ""]
         rows = [("Field", "Type", "")]
         for field in record.fields:
-            plain = field.type_name.split("(")[0]
-            shown = f"[{field.type_name}](#{plain.lower()})" if plain in names else field.type_name
-            if any(plain == enumeration.name for enumeration in contract.enumerations):
-                shown = f"[{field.type_name}](enumerations.md#{plain.lower()})"
-            rows.append((f"`{field.name}`", shown, field.help))
+            rows.append((f"`{field.name}`", type_link(field.type_name, contract), field.help))
         lines += [*table(*rows), ""]
     return lines
 
