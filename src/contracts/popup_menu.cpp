@@ -5,12 +5,6 @@
 #include "automation/text.h"
 
 namespace velmosav {
-namespace {
-
-constexpr wchar_t kPopupMenu[] = L"Lumbra30.ApiPopupMenu";
-
-}  // namespace
-
 IndMenuPop choose_from_menu(IDispatch* button, std::span<const MenuEntry> entries) {
   const ComPtr<IDispatch> menu = create_object(kPopupMenu);
   const HostMember add(menu.get(), L"AddItem");

@@ -9,6 +9,9 @@
 
 namespace velmosav {
 
+/// The companion object, by ProgID.
+inline constexpr wchar_t kPopupMenu[] = L"Lumbra30.ApiPopupMenu";
+
 struct MenuEntry {
   bool shown;
   const wchar_t* caption;

@@ -13,8 +13,7 @@ const CLSID& dom_class() {
     bool found;
   };
   static const Choice choice = [] {
-    for (const wchar_t* version :
-         {L"MSXML2.DOMDocument.4.0", L"MSXML2.DOMDocument.6.0", L"MSXML2.DOMDocument.3.0"}) {
+    for (const wchar_t* version : kDomVersions) {
       CLSID clsid;
       const HRESULT code = CLSIDFromProgID(version, &clsid);
       if (SUCCEEDED(code)) return Choice{clsid, true};

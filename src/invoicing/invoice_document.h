@@ -14,6 +14,10 @@
 
 namespace velmosav {
 
+/// The DOM in use is the first of these that is registered.
+inline constexpr const wchar_t* kDomVersions[] = {L"MSXML2.DOMDocument.4.0", L"MSXML2.DOMDocument.6.0",
+                                                  L"MSXML2.DOMDocument.3.0"};
+
 using XmlElement = ComPtr<IXMLDOMElement>;
 
 class InvoiceDocument {
