@@ -81,6 +81,15 @@ TEST(ContratDoc, RazDocCtt_LockedBillingScheduleIsFault10AfterTheOthersAreReleas
   expect_same(*expected, *record);
 }
 
+TEST(ContratDoc, RazDocCtt_InterventionsOfElementsOfAnotherSizeAreFault13AndNothingIsReleased) {
+  auto record = filled();
+  const auto before = snapshot(*record);
+  record->TabInterv->cbElements += 4;
+  EXPECT_TRUE(is_contract_fault(Contracts()->RazDocCtt(record), 13));
+  record->TabInterv->cbElements -= 4;
+  expect_same(*before, *record);
+}
+
 TEST(ContratDoc, RazDocCtt_NullContractIsEPointer) { EXPECT_EQ(E_POINTER, Contracts()->RazDocCtt(nullptr)); }
 
 }  // namespace
