@@ -38,7 +38,10 @@ class Variant {
   }
   Variant(const Variant&) = delete;
   Variant& operator=(const Variant&) = delete;
-  ~Variant() { VariantClear(&value_); }
+  ~Variant() {
+    // Up to VT_DATE a value is plain: most are, and the platform's function costs more than their use.
+    if (value_.vt > VT_DATE) VariantClear(&value_);
+  }
 
   [[nodiscard]] const VARIANT& get() const noexcept { return value_; }
   [[nodiscard]] VARIANT& get() noexcept { return value_; }

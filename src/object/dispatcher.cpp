@@ -1,6 +1,7 @@
 #include "object/dispatcher.h"
 
 #include <array>
+#include <cstddef>
 #include <memory>
 #include <vector>
 
@@ -60,15 +61,33 @@ const DispatchSlot* slot_for(const DispatchMember& member, WORD flags) noexcept 
   return nullptr;
 }
 
+/// The arguments of one call, in declared order: a property's get has none to make and to destroy.
+class ArgumentRoom {
+ public:
+  explicit ArgumentRoom(std::size_t count)
+      : count_(count), first_(reinterpret_cast<DispatchArgument*>(room_)) {
+    std::uninitialized_default_construct_n(first_, count_);
+  }
+  ~ArgumentRoom() { std::destroy_n(first_, count_); }
+  ArgumentRoom(const ArgumentRoom&) = delete;
+  ArgumentRoom& operator=(const ArgumentRoom&) = delete;
+
+  DispatchArgument& operator[](std::size_t index) noexcept { return first_[index]; }
+
+ private:
+  alignas(DispatchArgument) std::byte room_[kMostParameters * sizeof(DispatchArgument)];
+  std::size_t count_;
+  DispatchArgument* first_;
+};
+
 /// The call in progress: its arguments in declared order, then the stack image.
 class Call {
  public:
   Call(const wchar_t* class_name, const DispatchSlot& slot, DISPPARAMS& parameters)
-      : class_name_(class_name), slot_(slot), parameters_(parameters) {}
+      : class_name_(class_name), slot_(slot), parameters_(parameters), arguments_(slot.parameters.size()) {}
 
   /// The failure of preparing an argument carries its place in `bad_argument`.
   HRESULT prepare(UINT* bad_argument) {
-    if (slot_.parameters.size() > kMostParameters) return E_UNEXPECTED;
     if (const HRESULT code = place_arguments(bad_argument); FAILED(code)) return code;
     for (std::size_t i = 0; i < slot_.parameters.size(); ++i) {
       HRESULT code = S_OK;
@@ -164,7 +183,7 @@ class Call {
   const DispatchSlot& slot_;
   DISPPARAMS& parameters_;
   std::array<VARIANT*, kMostParameters> given_{};
-  std::array<DispatchArgument, kMostParameters> arguments_{};
+  ArgumentRoom arguments_;
 };
 
 }  // namespace
@@ -223,6 +242,7 @@ HRESULT Dispatcher::invoke(const ClassIdentity& identity, IDispatch* object, DIS
       answer = DISP_E_MEMBERNOTFOUND;
       return;
     }
+    if (slot->parameters.size() > kMostParameters) raise(E_UNEXPECTED);
     Call call(identity.name, *slot, *parameters);
     answer = call.prepare(bad_argument);
     if (FAILED(answer)) return;
