@@ -1,7 +1,9 @@
 #include "automation/date_text.h"
 
+#include <algorithm>
 #include <array>
 #include <atomic>
+#include <charconv>
 #include <chrono>
 #include <cmath>
 #include <string>
@@ -23,9 +25,12 @@ constexpr sys_days kEpoch = sys_days(year(1899) / 12 / 30);
 constexpr int kFirstYear = 100;
 constexpr int kLastYear = 9999;
 
-constexpr long long serial_of(year_month_day date) { return (sys_days(date) - kEpoch).count(); }
+constexpr int serial_of(year_month_day date) { return static_cast<int>((sys_days(date) - kEpoch).count()); }
 
-year_month_day calendar_day(long long serial) { return year_month_day(kEpoch + days(serial)); }
+/// The day's number: a date's whole part, which for a valid date is far from the limits of an int.
+int serial_of(DATE date) noexcept { return static_cast<int>(date); }
+
+year_month_day calendar_day(DATE date) { return year_month_day(kEpoch + days(serial_of(date))); }
 
 /// The user's way of writing dates, read once per process.
 struct DateSettings {
@@ -70,7 +75,7 @@ int full_year(int two_digits) {
                              static_cast<wchar_t>(L'0' + two_digits % 10)};
     const auto date = platform_parse({probe, std::size(probe)});
     if (!date) return -1;
-    result = static_cast<short>(int(calendar_day(static_cast<long long>(*date)).year()));
+    result = static_cast<short>(int(calendar_day(*date).year()));
     slot.store(result, std::memory_order_relaxed);
   }
   return result;
@@ -96,21 +101,32 @@ bool take(std::wstring_view& text, wchar_t mark) {
   return true;
 }
 
+/// What a look at the form of a text tells.
+struct FastReading {
+  enum class Kind { Date, NoDate, Unknown } kind = Kind::Unknown;
+  DATE date = 0;
+};
+
+constexpr FastReading kUnknown{};
+
 /// d/m/yy, dd/mm/yyyy and the like, without time of day: the forms that a schedule is made of.
-std::optional<DATE> fast_parse(std::wstring_view text) {
+FastReading fast_parse(std::wstring_view text) {
   const int day_number = take_digits(text, 1, 2);
-  if (day_number < 1 || !take(text, L'/')) return std::nullopt;
+  if (day_number < 1 || !take(text, L'/')) return kUnknown;
   const int month_number = take_digits(text, 1, 2);
-  if (month_number < 1 || !take(text, L'/')) return std::nullopt;
+  if (month_number < 1 || !take(text, L'/')) return kUnknown;
   const std::size_t year_digits = text.size();
-  if (year_digits != 2 && year_digits != 4) return std::nullopt;
+  if (year_digits != 2 && year_digits != 4) return kUnknown;
   int year_number = take_digits(text, year_digits, year_digits);
   if (year_digits == 2 && year_number >= 0) year_number = full_year(year_number);
-  if (year_number < kFirstYear) return std::nullopt;
+  if (year_number < kFirstYear) return kUnknown;
   const year_month_day date =
       year(year_number) / month(static_cast<unsigned>(month_number)) / day(static_cast<unsigned>(day_number));
-  if (!date.ok()) return std::nullopt;
-  return static_cast<DATE>(serial_of(date));
+  if (date.ok()) return {FastReading::Kind::Date, static_cast<DATE>(serial_of(date))};
+  // A day behind the end of its month can be no month, and a year of four digits no day: read in any order it
+  // is no date. What the platform makes of other texts is the platform's.
+  const bool behind_its_month = date.month().ok() && day_number > 28 && day_number <= 31;
+  return behind_its_month && year_digits == 4 ? FastReading{FastReading::Kind::NoDate} : kUnknown;
 }
 
 Bstr platform_format(DATE date, std::wstring_view pattern) {
@@ -145,7 +161,9 @@ Bstr fast_format(year_month_day date, int year_digits, wchar_t separator) {
 
 std::optional<DATE> parse_date(std::wstring_view text) {
   if (settings().slashed_day_first) {
-    if (const auto date = fast_parse(text)) return date;
+    const FastReading reading = fast_parse(text);
+    if (reading.kind == FastReading::Kind::Date) return reading.date;
+    if (reading.kind == FastReading::Kind::NoDate) return std::nullopt;
   }
   return platform_parse(text);
 }
@@ -159,7 +177,7 @@ DATE to_date(std::wstring_view text) {
 Bstr format_date(DATE date, std::wstring_view pattern) {
   const int year_digits = pattern == L"dd/mm/yy" ? 2 : pattern == L"dd/mm/yyyy" ? 4 : 0;
   if (year_digits != 0 && settings().separator != 0) {
-    const year_month_day calendar = calendar_day(static_cast<long long>(date));
+    const year_month_day calendar = calendar_day(date);
     if (int(calendar.year()) >= 1000 && int(calendar.year()) <= kLastYear) {
       return fast_format(calendar, year_digits, settings().separator);
     }
@@ -172,39 +190,52 @@ Bstr format_date_text(std::wstring_view text, std::wstring_view pattern) {
   return date ? format_date(*date, pattern) : Bstr(text);
 }
 
+DayText::DayText(int day, int month, int year) noexcept {
+  wchar_t* end = text_;
+  const auto put = [&end](int number) {
+    char digits[12];
+    const char* last = std::to_chars(digits, digits + sizeof digits, number).ptr;
+    end = std::copy(static_cast<const char*>(digits), last, end);
+  };
+  put(day);
+  *end++ = L'/';
+  if (month < 10) *end++ = L'0';
+  put(month);
+  *end++ = L'/';
+  put(year);
+  length_ = static_cast<std::size_t>(end - text_);
+}
+
 DATE add_to_date(DATE date, std::wstring_view interval, long long count) {
-  const double whole = std::trunc(date);
-  const double time = std::fabs(date - whole);
-  auto serial = static_cast<long long>(whole);
   // Beyond this no count can lead to a valid year, and the sums below stay in range.
   constexpr long long kFarthest = 4'000'000;
   if (count > kFarthest || count < -kFarthest) raise(Fault::InvalidArgument);
+  const int steps = static_cast<int>(count);
+  int serial = serial_of(date);
+  const double time = std::fabs(date - serial);
   if (interval == L"d") {
-    serial += count;
+    serial += steps;
   } else if (interval == L"ww") {
-    serial += 7 * count;
+    serial += 7 * steps;
   } else if (interval == L"m" || interval == L"yyyy") {
-    const year_month_day start = calendar_day(serial);
-    const long long months =
-        (int(start.year()) * 12LL + unsigned(start.month()) - 1) + (interval == L"m" ? count : 12 * count);
-    if (months < kFirstYear * 12LL || months > kLastYear * 12LL + 11) raise(Fault::InvalidArgument);
-    year_month_day target =
-        year(static_cast<int>(months / 12)) / month(static_cast<unsigned>(months % 12 + 1)) / start.day();
+    const year_month_day start = calendar_day(date);
+    const int months = int(start.year()) * 12 + static_cast<int>(unsigned(start.month())) - 1 +
+                       (interval == L"m" ? steps : 12 * steps);
+    if (months < kFirstYear * 12 || months > kLastYear * 12 + 11) raise(Fault::InvalidArgument);
+    year_month_day target = year(months / 12) / month(static_cast<unsigned>(months % 12 + 1)) / start.day();
     if (!target.ok()) target = target.year() / target.month() / std::chrono::last;
     serial = serial_of(target);
   } else {
     raise(Fault::InvalidArgument);
   }
-  constexpr long long kFirst = serial_of(year(kFirstYear) / 1 / 1);
-  constexpr long long kLast = serial_of(year(kLastYear) / 12 / 31);
+  constexpr int kFirst = serial_of(year(kFirstYear) / 1 / 1);
+  constexpr int kLast = serial_of(year(kLastYear) / 12 / 31);
   if (serial < kFirst || serial > kLast) raise(Fault::InvalidArgument);
   const auto moved = static_cast<double>(serial);
   return moved < 0 ? moved - time : moved + time;
 }
 
-long long days_between(DATE from, DATE to) noexcept {
-  return static_cast<long long>(to) - static_cast<long long>(from);
-}
+long long days_between(DATE from, DATE to) noexcept { return serial_of(to) - serial_of(from); }
 
 long long days_between(std::wstring_view from, std::wstring_view to) {
   const DATE start = to_date(from);
@@ -217,18 +248,14 @@ DATE today() noexcept {
   return static_cast<DATE>(serial_of(year(now.wYear) / month(now.wMonth) / day(now.wDay)));
 }
 
-int calendar_year(DATE date) noexcept { return int(calendar_day(static_cast<long long>(date)).year()); }
+int calendar_year(DATE date) noexcept { return int(calendar_day(date).year()); }
 
-int calendar_month(DATE date) noexcept {
-  return static_cast<int>(unsigned(calendar_day(static_cast<long long>(date)).month()));
-}
+int calendar_month(DATE date) noexcept { return static_cast<int>(unsigned(calendar_day(date).month())); }
 
-int calendar_day_of_month(DATE date) noexcept {
-  return static_cast<int>(unsigned(calendar_day(static_cast<long long>(date)).day()));
-}
+int calendar_day_of_month(DATE date) noexcept { return static_cast<int>(unsigned(calendar_day(date).day())); }
 
 int weekday(DATE date) noexcept {
-  const std::chrono::weekday day(kEpoch + days(static_cast<long long>(date)));
+  const std::chrono::weekday day(kEpoch + days(serial_of(date)));
   return static_cast<int>(day.c_encoding()) + 1;
 }
 

@@ -23,6 +23,17 @@ Bstr format_date(DATE date, std::wstring_view pattern);
 /// Writes a text's date by a pattern; a text that is no date comes back as it is.
 Bstr format_date_text(std::wstring_view text, std::wstring_view pattern);
 
+/// A day as a step writes it before another reads it: "31/04/2026", months with or without their zero.
+class DayText {
+ public:
+  DayText(int day, int month, int year) noexcept;
+  [[nodiscard]] std::wstring_view view() const noexcept { return {text_, length_}; }
+
+ private:
+  wchar_t text_[36];
+  std::size_t length_;
+};
+
 /// Adds `count` intervals: "d" days, "ww" weeks, "m" months, "yyyy" years. Months clamp the day to the end of
 /// a shorter month; the time of day stays. Fault 5 for another interval or a year outside 100 to 9999.
 DATE add_to_date(DATE date, std::wstring_view interval, long long count);

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
+#include <optional>
 #include <string>
 
 #include "automation/fault.h"
@@ -9,6 +11,25 @@
 
 namespace velmosav {
 namespace {
+
+/// Whole numbers below this are written and read without the platform's help.
+constexpr double kFastWholes = 1e9;
+constexpr std::size_t kFastDigits = 9;
+
+/// A number of digits alone, or followed by what cannot belong to a number; nothing for any other.
+std::optional<double> short_whole_number(std::wstring_view text) {
+  long value = 0;
+  std::size_t length = 0;
+  for (; length < text.size() && text[length] >= L'0' && text[length] <= L'9'; ++length) {
+    if (length == kFastDigits) return std::nullopt;
+    value = value * 10 + (text[length] - L'0');
+  }
+  if (length == 0) return std::nullopt;
+  if (length < text.size() && std::wstring_view(L".eE+-").find(text[length]) != std::wstring_view::npos) {
+    return std::nullopt;
+  }
+  return value;
+}
 
 /// Wine leaves the point in a number that it writes with an exponent.
 void localize_exponent_form(Bstr& text) {
@@ -25,6 +46,9 @@ void localize_exponent_form(Bstr& text) {
 }  // namespace
 
 Bstr number_text(double value) {
+  if (value == std::trunc(value) && std::fabs(value) < kFastWholes && !std::signbit(value)) {
+    return whole_number_text(static_cast<long>(value));
+  }
   Bstr text;
   check_conversion(VarBstrFromR8(value, LOCALE_USER_DEFAULT, 0, text.receive()));
   localize_exponent_form(text);
@@ -50,6 +74,7 @@ Bstr whole_number_text(long value) {
 }
 
 double leading_number(std::wstring_view text) {
+  if (const auto number = short_whole_number(text)) return *number;
   const std::size_t start = text.find_first_not_of(L' ');
   if (start == std::wstring_view::npos) return 0;
   text.remove_prefix(start);

@@ -1,5 +1,7 @@
 // Dates of neighbouring periods, and the spreading of an edited date over them.
 #include <limits>
+#include <optional>
+#include <utility>
 #include <vector>
 
 #include "automation/array.h"
@@ -12,22 +14,39 @@ namespace {
 
 std::wstring_view date_format() { return initial<ApiGeneralConstants>.m_FMT_DATE; }
 
-bool is_earlier(std::wstring_view date, std::wstring_view other) { return days_between(other, date) < 0; }
+/// A text that a step wrote, and the date that the next one reads in it: two digits of a year may lead into
+/// another century.
+struct WrittenDate {
+  explicit WrittenDate(Bstr written) : text(std::move(written)), date(to_date(text.view())) {}
 
-Bstr capped(const Type_Contrat& contract, Bstr date) {
-  const std::wstring_view end = view(contract.DateFin);
-  return !is_blank(end) && is_earlier(end, date.view()) ? Bstr(end) : std::move(date);
-}
+  Bstr text;
+  DATE date;
+};
+
+/// The contract's end, which holds the dates of its periods; read at its first use.
+class ContractEnd {
+ public:
+  explicit ContractEnd(const Type_Contrat& contract) : text_(view(contract.DateFin)) {}
+
+  /// The date as text, or the contract's end where that is earlier.
+  [[nodiscard]] Bstr cap(DATE date) {
+    Bstr written = format_date(date, date_format());
+    if (is_blank(text_)) return written;
+    if (!read_) date_ = to_date(text_);
+    read_ = true;
+    return days_between(to_date(written.view()), date_) < 0 ? Bstr(text_) : std::move(written);
+  }
+
+ private:
+  std::wstring_view text_;
+  DATE date_ = 0;
+  bool read_ = false;
+};
 
 /// Texts computed for fields of the schedule, stored all together once nothing can fail any more.
 class PendingDates {
  public:
-  /// Returns a view that stays valid while the change is pending.
-  std::wstring_view set(BSTR& field, Bstr text) {
-    changes_.push_back({&field, std::move(text)});
-    return changes_.back().text.view();
-  }
-
+  void set(BSTR& field, Bstr text) { changes_.push_back({&field, std::move(text)}); }
   void apply() noexcept {
     for (Change& change : changes_) change.text.swap(*change.field);
   }
@@ -40,35 +59,47 @@ class PendingDates {
   std::vector<Change> changes_;
 };
 
-short spread_forward(const Type_Contrat& contract, short row, std::wstring_view current,
-                     PendingDates& dates) {
+short spread_forward(const Type_Contrat& contract, short row, std::wstring_view date, PendingDates& dates) {
   const ArrayView<Type_CadencierFact> rows(contract.TabCadFact);
   const short count = count_of(contract.TabCadFact);
+  ContractEnd contract_end(contract);
+  std::optional<DATE> end;  // of the row before
   short result = row;
   for (long i = row + 1L; i < count; ++i) {
     Type_CadencierFact& next = rows[i];
     if (next.Transfere) return -1;
-    const std::wstring_view start = dates.set(next.DateDeb, capped_period_start_after(contract, current));
+    if (!end) end = to_date(date);
+    WrittenDate start(contract_end.cap(add_to_date(*end, L"d", 1)));
     result = static_cast<short>(i);
-    if (!is_earlier(view(next.DateFin), start)) break;
-    current = dates.set(next.DateFin, Bstr(start));
+    const bool over = days_between(start.date, to_date(view(next.DateFin))) < 0;
+    if (over) dates.set(next.DateFin, Bstr(start.text.view()));
+    dates.set(next.DateDeb, std::move(start.text));
+    if (!over) break;
+    end = start.date;
   }
   return result;
 }
 
-short spread_backward(const Type_Contrat& contract, short row, std::wstring_view current,
-                      PendingDates& dates) {
+short spread_backward(const Type_Contrat& contract, short row, std::wstring_view date, PendingDates& dates) {
   if (row == 0) return -1;
   const ArrayView<Type_CadencierFact> rows(contract.TabCadFact);
+  ContractEnd contract_end(contract);
+  std::optional<DATE> start;  // of the row behind
+  std::optional<DATE> contract_start;
   short result = row;
   for (long i = row - 1L; i >= 0; --i) {
     Type_CadencierFact& previous = rows[i];
     if (previous.Transfere) return -1;
-    const std::wstring_view end = dates.set(previous.DateFin, capped_period_end_before(contract, current));
-    if (is_earlier(end, view(contract.DateDeb))) return -1;
+    if (!start) start = to_date(date);
+    WrittenDate end(contract_end.cap(add_to_date(*start, L"d", -1)));
+    if (!contract_start) contract_start = to_date(view(contract.DateDeb));
+    if (days_between(*contract_start, end.date) < 0) return -1;
     result = static_cast<short>(i);
-    if (!is_earlier(end, view(previous.DateDeb))) break;
-    current = dates.set(previous.DateDeb, Bstr(end));
+    const bool not_begun = days_between(to_date(view(previous.DateDeb)), end.date) < 0;
+    if (not_begun) dates.set(previous.DateDeb, Bstr(end.text.view()));
+    dates.set(previous.DateFin, std::move(end.text));
+    if (!not_begun) break;
+    start = end.date;
   }
   return result;
 }
@@ -84,11 +115,11 @@ Bstr period_start_after(std::wstring_view previous_end) {
 }
 
 Bstr capped_period_start_after(const Type_Contrat& contract, std::wstring_view previous_end) {
-  return capped(contract, period_start_after(previous_end));
+  return ContractEnd(contract).cap(add_to_date(to_date(previous_end), L"d", 1));
 }
 
 Bstr capped_period_end_before(const Type_Contrat& contract, std::wstring_view next_start) {
-  return capped(contract, period_end_before(next_start));
+  return ContractEnd(contract).cap(add_to_date(to_date(next_start), L"d", -1));
 }
 
 short spread_edited_date(Type_Contrat& contract, short row, std::wstring_view date, bool start) {
@@ -101,10 +132,11 @@ short spread_edited_date(Type_Contrat& contract, short row, std::wstring_view da
 
 Bstr end_of_duration(std::wstring_view start, long duration, std::wstring_view unit) {
   const auto given = parse_date(start);
-  const Bstr first = given ? Bstr(start) : format_date(today(), date_format());
-  if (duration == 0 || is_blank(unit)) return Bstr(first.view());
+  const Bstr now = given ? Bstr() : format_date(today(), date_format());
+  const std::wstring_view first = given ? start : now.view();
+  if (duration == 0 || is_blank(unit)) return Bstr(first);
 
-  const DATE from = to_date(first.view());
+  const DATE from = given ? *given : to_date(first);
   const std::wstring_view interval = interval_of_unit(unit);
   if (duration == std::numeric_limits<long>::min()) raise(Fault::Overflow);
   const DATE end = unit == initial<GeneralConstants>.m_c_sUnitDur_Jour.view()

@@ -1,5 +1,9 @@
 #include "dates/calendar.h"
 
+#include <algorithm>
+#include <optional>
+#include <utility>
+
 #include "automation/date_text.h"
 #include "automation/fault.h"
 #include "automation/number_text.h"
@@ -22,16 +26,36 @@ std::wstring_view from(std::wstring_view text, std::size_t start) {
   return start < text.size() ? text.substr(start) : std::wstring_view();
 }
 
+/// Every fourth year has a 29th, centuries included.
+int february_end(long year) noexcept { return year % 4 == 0 ? 29 : 28; }
+
 Bstr corrected_february(std::wstring_view date) {
   // A month written without its zero leaves the year to be read from the fourth character on.
   constexpr std::wstring_view kMonth = L"/02/";
   const std::size_t place = date.find(kMonth);
   const double year =
       leading_number(from(date, place == std::wstring_view::npos ? 3 : place + kMonth.size()));
-  const Bstr year_text = number_text(year);
-  const bool leap = to_long(Variant(year).get()) % 4 == 0;
-  const Bstr corrected = concat({leap ? L"29/02/" : L"28/02/", year_text.view()});
-  return format_date_text(corrected.view(), initial<ApiGeneralConstants>.m_FMT_DATE);
+  const std::wstring_view pattern = initial<ApiGeneralConstants>.m_FMT_DATE;
+  if (const int whole = static_cast<int>(std::clamp(year, 0.0, 9999.0)); whole == year) {
+    return format_date_text(DayText(february_end(whole), 2, whole).view(), pattern);
+  }
+  const int day = february_end(to_long(Variant(year).get()));
+  const Bstr corrected = concat({day == 29 ? L"29/02/" : L"28/02/", number_text(year).view()});
+  return format_date_text(corrected.view(), pattern);
+}
+
+/// What the text becomes; nothing when it stays.
+std::optional<Bstr> correction_of(std::wstring_view date) {
+  const std::size_t first = date.find(L'/');
+  const std::size_t second = first == std::wstring_view::npos ? first : date.find(L'/', first + 1);
+  if (second == std::wstring_view::npos) return std::nullopt;
+  const double day = leading_number(date.substr(0, first));
+  const double month = leading_number(date.substr(first + 1, second - first - 1));
+  if (month == 2 && day > 28) return corrected_february(date);
+  if ((month == 4 || month == 6 || month == 9 || month == 11) && day == 31) {
+    return concat({L"30", date.substr(first)});
+  }
+  return std::nullopt;
 }
 
 }  // namespace
@@ -51,16 +75,13 @@ Bstr month_number_of(std::wstring_view key) {
 }
 
 Bstr corrected_date(std::wstring_view date) {
-  const std::size_t first = date.find(L'/');
-  const std::size_t second = first == std::wstring_view::npos ? first : date.find(L'/', first + 1);
-  if (second == std::wstring_view::npos) return Bstr(date);
-  const double day = leading_number(date.substr(0, first));
-  const double month = leading_number(date.substr(first + 1, second - first - 1));
-  if (month == 2 && day > 28) return corrected_february(date);
-  if ((month == 4 || month == 6 || month == 9 || month == 11) && day == 31) {
-    return concat({L"30", date.substr(first)});
-  }
-  return Bstr(date);
+  auto corrected = correction_of(date);
+  return corrected ? std::move(*corrected) : Bstr(date);
+}
+
+Bstr corrected_date(Bstr date) {
+  auto corrected = correction_of(date.view());
+  return corrected ? std::move(*corrected) : std::move(date);
 }
 
 Bstr last_day_of_month(short month, VARIANT* year) {

@@ -16,7 +16,9 @@ Bstr month_number_of(std::wstring_view key);
 /// Corrects a day that its month does not have: above 28 in February (every fourth year has 29 days,
 /// centuries included; the result is written "dd/mm/yy"), 31 in a month of 30 days. Any other text comes back
 /// unchanged.
+/// A year that is no 32-bit number is fault 6.
 Bstr corrected_date(std::wstring_view date);
+Bstr corrected_date(Bstr date);
 
 /// Last day of a month as "dd/mm/yy". `year` becomes the number it was read as, the current year when
 /// missing.

@@ -72,11 +72,10 @@ Bstr neighbour_month_date(const PeriodiciteConstants& constants, std::wstring_vi
   const int found = next_listed_month(view(rule.Mois), month, step);
   if (found == 0) return Bstr(date);
   const int year = calendar_year(origin) + (found * step > month * step ? 0 : step);
-  const Bstr moved =
-      concat({whole_number_text(calendar_day_of_month(origin)).view(), L"/", found < 10 ? L"0" : L"",
-              whole_number_text(found).view(), L"/", whole_number_text(year).view()});
-  const Bstr formatted = format_date_text(moved.view(), initial<ApiGeneralConstants>.m_FMT_DATE_Y4);
-  return corrected_date(formatted.view());
+  const DayText moved(calendar_day_of_month(origin), found, year);
+  const auto found_date = parse_date(moved.view());
+  if (!found_date) return corrected_date(moved.view());
+  return corrected_date(format_date(*found_date, initial<ApiGeneralConstants>.m_FMT_DATE_Y4));
 }
 
 Bstr date_of_rule_day(const Type_Periodicite& rule, VARIANT* month, VARIANT* year) {

@@ -206,6 +206,17 @@ TEST(DateText, ParseDate_AmbiguousTextFollowsTheUsersOrder) {
                  utf8(std::to_wstring(day.wYear) + L"-" + padded(day.wMonth) + L"-" + padded(day.wDay)));
 }
 
+TEST(DateText, ParseDate_DaysBehindTheirMonthsEndAsThePlatformReadsThem) {
+  for (int year = 1896; year <= 2104; ++year) {
+    for (int month = 1; month <= 13; ++month) {
+      for (int day = 28; day <= 33; ++day) {
+        const std::wstring text = std::to_wstring(day) + L"/" + padded(month) + L"/" + std::to_wstring(year);
+        ASSERT_EQ(platform_reading(text), reading(text)) << utf8(text);
+      }
+    }
+  }
+}
+
 TEST(DateText, ParseDate_OddTextsAsThePlatformReadsThem) {
   for (const std::wstring& text : odd_texts()) EXPECT_EQ(platform_reading(text), reading(text)) << utf8(text);
 }
