@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <string>
 
 #include "automation/fault.h"
 
@@ -26,6 +27,20 @@ Bstr Bstr::of_length(std::size_t length) {
 }
 
 void assign(BSTR& field, std::wstring_view text) { assign(field, Bstr(text)); }
+
+void erase(BSTR& field, std::size_t place, std::size_t count) {
+  const std::wstring_view text = view(field);
+  const std::wstring removed(text.substr(place, count));
+  if (removed.empty()) return;
+  wchar_t* const gap = field + place;
+  wchar_t* const end = field + text.size();
+  std::move(gap + removed.size(), end, gap);
+  // Without a source the text keeps the characters that it has.
+  if (SysReAllocStringLen(&field, nullptr, static_cast<UINT>(text.size() - removed.size()))) return;
+  std::move_backward(gap, end - removed.size(), end);
+  std::copy(removed.begin(), removed.end(), gap);
+  raise(E_OUTOFMEMORY);
+}
 
 std::wstring_view trim(std::wstring_view text) noexcept {
   const auto first = text.find_first_not_of(L' ');

@@ -54,6 +54,9 @@ void assign(BSTR& field, std::wstring_view text);
 /// Hands a text over to a field of the host; cannot fail.
 inline void assign(BSTR& field, Bstr text) noexcept { text.swap(field); }
 
+/// Takes characters out of a text of the host in place; the text stays when memory lacks.
+void erase(BSTR& field, std::size_t place, std::size_t count);
+
 /// Without the blanks (U+0020 only) at both ends.
 std::wstring_view trim(std::wstring_view text) noexcept;
 inline bool is_blank(std::wstring_view text) noexcept {

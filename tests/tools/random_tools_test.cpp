@@ -14,6 +14,7 @@ using host::Variant;
 class RandomTools : public host::ToolsTest {
  protected:
   void compare_code_lists();
+  void compare_extraction_from_a_long_list();
   void compare_number_to_text();
   void compare_text_to_number();
 
@@ -70,8 +71,28 @@ TEST_F(RandomTools, CodeListsAgreeWithTheLiteralSteps) {
   EXPECT_FALSE(HasFatalFailure()) << "seed " << chance_.seed();
 }
 
+TEST_F(RandomTools, ExtractionsFromLongListsAgreeWithTheLiteralSteps) {
+  for (int i = 0; i < 10000 && !HasFatalFailure(); ++i) compare_extraction_from_a_long_list();
+  EXPECT_FALSE(HasFatalFailure()) << "seed " << chance_.seed();
+}
+
 const std::vector<std::wstring> kUnits = {L"s", L"n", L"h", L"j", L"w", L"m",  L"y",
                                           L"S", L"H", L"J", L"x", L"",  L" h", L"hh"};
+
+void RandomTools::compare_extraction_from_a_long_list() {
+  std::wstring list;
+  for (int i = chance_.number(0, 60); i > 0; --i) {
+    list += L"\"" + chance_.text({L"A", L"B", L"A1", L"1"}, 6) + L"\"";
+    list += chance_.of<std::wstring>({L", ", L", ", L", ", L",", L"", L" "});
+  }
+  const std::wstring code = chance_.text({L"A", L"B", L"A1", L"1"}, 6);
+  SCOPED_TRACE("list " + host::utf8(list) + " code " + host::utf8(code));
+  std::wstring expected = list;
+  literal::extract_code(expected, code);
+  Text changed(list);
+  ASSERT_EQ(S_OK, tools_->ListeCodes_ExtractionCode(changed.in_out(), Text(code)));
+  ASSERT_EQ(expected, changed.str());
+}
 
 void RandomTools::compare_number_to_text() {
   const double sign = chance_.one_in(8) ? -1 : 1;
