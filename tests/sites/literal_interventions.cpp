@@ -102,13 +102,15 @@ bool same_label(const Type_Contrat& contract, short i, short j) {
 
 bool committed(const Type_Contrat& contract, bool check_billing, bool check_interventions, short number) {
   if (check_billing) {
-    for (short i = 0; i < count_of(contract.TabCadFact); ++i) {
+    const short rows = count_of(contract.TabCadFact);
+    for (short i = 0; i < rows; ++i) {
       const auto& billed = row<Type_CadencierFact>(contract.TabCadFact, i);
       if (!trim(text(billed.codeFact)).empty() || billed.Transfere) return true;
     }
   }
   if (!check_interventions) return false;
-  for (short i = 0; i < count_filled_rows(contract); ++i) {
+  const short rows = count_filled_rows(contract);
+  for (short i = 0; i < rows; ++i) {
     const auto& scheduled = row<Type_CadencierInterv>(contract.TabCadInterv, i);
     if (!trim(text(scheduled.CodeBon)).empty() && (number == -1 || number == scheduled.NumInterv))
       return true;
