@@ -41,18 +41,22 @@ double time_of(const Operation& operation, long runs) {
   return total;
 }
 
-/// How many runs fill a batch. Warms caches and lazily made tables up.
-long batch_of(const Operation& operation) {
+/// How often an operation is run in a batch, and how many batches a round has of it.
+struct Plan {
+  long runs;
+  int batches;
+};
+
+/// Warms caches and lazily made tables up as well.
+Plan plan_for(const Operation& operation) {
   for (long runs = 1;; runs *= 4) {
     const double taken = time_of(operation, runs);
-    if (taken >= kBatch) return runs;
-    if (taken >= kBatch / 50)
-      return std::max(1L, static_cast<long>(static_cast<double>(runs) * kBatch / taken));
+    if (runs == 1 && taken > kLongRun) return {1, 1};
+    if (taken >= kBatch) return {runs, kBatches};
+    if (taken >= kBatch / 50) {
+      return {std::max(1L, static_cast<long>(static_cast<double>(runs) * kBatch / taken)), kBatches};
+    }
   }
-}
-
-int batches_of(const Operation& operation, long runs) {
-  return runs == 1 && time_of(operation, 1) > kLongRun ? 1 : kBatches;
 }
 
 /// Keeps the shorter time of a run.
@@ -62,12 +66,10 @@ void time_into(double& shortest, const Operation& operation, long runs) {
 
 /// The sample of one round.
 struct Sampler {
-  explicit Sampler(const Operation& measured)
-      : operation(measured), runs(batch_of(operation)), batches(batches_of(operation, runs)) {}
+  explicit Sampler(const Operation& measured) : operation(measured), plan(plan_for(operation)) {}
 
   const Operation& operation;
-  long runs;
-  int batches;
+  Plan plan;
 };
 
 /// One round: batches of all of them in turn.
@@ -75,7 +77,7 @@ std::vector<double> sample(const std::vector<Sampler>& samplers) {
   std::vector<double> times(samplers.size(), std::numeric_limits<double>::max());
   for (int batch = 0; batch < kBatches; ++batch) {
     for (std::size_t i = 0; i < samplers.size(); ++i) {
-      if (batch < samplers[i].batches) time_into(times[i], samplers[i].operation, samplers[i].runs);
+      if (batch < samplers[i].plan.batches) time_into(times[i], samplers[i].operation, samplers[i].plan.runs);
     }
   }
   return times;

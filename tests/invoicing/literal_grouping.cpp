@@ -59,11 +59,13 @@ bool rows_match(SAFEARRAY* grid, long row, long other) {
 
 bool is_ticked(const VARIANT& value) {
   if (value.vt == VT_NULL || value.vt == VT_EMPTY) return false;
+  if (value.vt == VT_BOOL) return value.boolVal != VARIANT_FALSE;
   return number_of(value) != 0;
 }
 
 bool is_not_invoice(const VARIANT& type) {
   if (type.vt == VT_NULL) return false;
+  if (type.vt == VT_BSTR) return text_of(type) != kInvoice;
   VARIANT text;
   VariantInit(&text);
   if (FAILED(VariantChangeType(&text, const_cast<VARIANT*>(&type), 0, VT_BSTR))) throw Stop{kType};
