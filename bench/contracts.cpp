@@ -41,15 +41,18 @@ void add_interventions(Type_Contrat& contract, long count) {
   }
 }
 
-/// Billing periods of one day each, one after the other.
+/// Billing periods of two days each, one after the other.
+void set_period(Type_CadencierFact& row, long index) {
+  host::set(row.DateDeb, day_text(2 * index));
+  host::set(row.DateFin, day_text(2 * index + 1));
+}
+
 void add_billing(Type_Contrat& contract, long count) {
   host::set(contract.DateDeb, day_text(0));
   host::set(contract.DateFin, day_text(8 * count));
   host::dimension<Type_CadencierFact>(contract.TabCadFact, static_cast<unsigned long>(count));
   for (long i = 0; i < count; ++i) {
-    auto& row = element<Type_CadencierFact>(contract.TabCadFact, static_cast<unsigned long>(i));
-    host::set(row.DateDeb, day_text(i));
-    host::set(row.DateFin, day_text(i));
+    set_period(element<Type_CadencierFact>(contract.TabCadFact, static_cast<unsigned long>(i)), i);
   }
 }
 
@@ -58,7 +61,7 @@ class ContractWork {
   ContractWork(long interventions, long billing) : contracts_(host::create<_ContratDoc>(L"ContratDoc")) {
     add_interventions(**contract_, interventions);
     add_billing(**contract_, billing);
-    moved_end_ = day_text(billing);
+    moved_end_ = day_text(2 * billing);
   }
 
   [[nodiscard]] Operation labels() const {
@@ -91,28 +94,30 @@ class ContractWork {
     }};
   }
 
-  /// The end of the first row moves behind the last: every row shrinks to a day.
-  [[nodiscard]] Operation spread() const {
-    return {[*this] {
-              short last = 0;
-              must(contracts_->CadFact_SpreadPeriodDateEdition(*contract_, 0, host::Text(moved_end_),
-                                                               VARIANT_FALSE, &last),
-                   "CadFact_SpreadPeriodDateEdition");
-            },
-            restored()};
-  }
-  [[nodiscard]] Operation literal_spread() const {
-    return {[*this] { literal::spread_period_date(**contract_, 0, moved_end_, false); }, restored()};
-  }
+  /// The end of the first row moves by a day, and the next row absorbs it.
+  [[nodiscard]] Operation spread_to_next() const { return {spread(day_text(2))}; }
+  [[nodiscard]] Operation literal_spread_to_next() const { return {literal_spread(day_text(2))}; }
+  /// It moves behind the last row: every row shrinks to a day.
+  [[nodiscard]] Operation spread_to_all() const { return {spread(moved_end_), restored()}; }
+  [[nodiscard]] Operation literal_spread_to_all() const { return {literal_spread(moved_end_), restored()}; }
 
  private:
+  [[nodiscard]] std::function<void()> spread(const std::wstring& end) const {
+    return [*this, date = std::make_shared<host::Text>(end)] {
+      short last = 0;
+      must(contracts_->CadFact_SpreadPeriodDateEdition(*contract_, 0, *date, VARIANT_FALSE, &last),
+           "CadFact_SpreadPeriodDateEdition");
+      if (last <= 0) must(E_FAIL, "CadFact_SpreadPeriodDateEdition");
+    };
+  }
+  [[nodiscard]] std::function<void()> literal_spread(const std::wstring& end) const {
+    return [*this, end] { literal::spread_period_date(**contract_, 0, end, false); };
+  }
   [[nodiscard]] std::function<void()> restored() const {
     return [*this] {
       const auto rows = (*contract_)->TabCadFact->rgsabound[0].cElements;
       for (unsigned long i = 0; i < rows; ++i) {
-        auto& row = element<Type_CadencierFact>((*contract_)->TabCadFact, i);
-        host::set(row.DateDeb, day_text(static_cast<long>(i)));
-        host::set(row.DateFin, day_text(static_cast<long>(i)));
+        set_period(element<Type_CadencierFact>((*contract_)->TabCadFact, i), static_cast<long>(i));
       }
     };
   }
@@ -128,13 +133,18 @@ void measure_contracts(Bench& bench) {
   const ContractWork work(kInterventions, kBillingRows);
   if (bench.wants("labels")) bench.compare("labels", work.labels(), work.literal_labels());
   if (bench.wants("modifiable")) bench.compare("modifiable", work.modifiable(), work.literal_modifiable());
-  if (bench.wants("spread-dates")) bench.compare("spread-dates", work.spread(), work.literal_spread());
+  if (bench.wants("spread-dates")) {
+    bench.compare("spread-dates", work.spread_to_next(), work.literal_spread_to_next());
+  }
+  if (bench.wants("spread-all")) {
+    bench.compare("spread-all", work.spread_to_all(), work.literal_spread_to_all());
+  }
   bench.grow("labels", "`CheckLibInterCtt`", kInterventions / 16,
              [](long size) { return ContractWork(size, 1).labels(); });
   bench.grow("modifiable", "`IsInfosIntervModifiable` of all", kInterventions / 16,
              [](long size) { return ContractWork(size, 1).modifiable(); });
-  bench.grow("spread-dates", "`CadFact_SpreadPeriodDateEdition`", kBillingRows / 16,
-             [](long size) { return ContractWork(1, size).spread(); });
+  bench.grow("spread-all", "`CadFact_SpreadPeriodDateEdition`, all rows move", kBillingRows / 16,
+             [](long size) { return ContractWork(1, size).spread_to_all(); });
 }
 
 }  // namespace bench

@@ -50,8 +50,11 @@ inline constexpr std::array kFloors{
           Bound::AtLeast, 200},
     Floor{"modifiable", "`IsInfosIntervModifiable` of all, 4,000 interventions and 4,000 scheduled",
           "literal algorithm", Bound::AtLeast, 200},
-    Floor{"spread-dates", "`CadFact_SpreadPeriodDateEdition`, 2,000 rows, 4,000 interventions",
+    Floor{"spread-dates",
+          "`CadFact_SpreadPeriodDateEdition`, 2,000 rows, 4,000 interventions; the next row absorbs",
           "literal algorithm", Bound::AtLeast, 200},
+    // Two new texts a row and a visit of its memory are all that is left.
+    Floor{"spread-all", "the same, all rows move", "literal algorithm", Bound::AtLeast, 50},
     Floor{"spread-amount", "`GetAmountByRepartTVA`, 5 codes in use", "literal algorithm", Bound::AtLeast, 5},
     Floor{"count-codes", "`ListeCodes_NbCodes`, 20,000 codes", "literal algorithm", Bound::AtLeast, 50},
     Floor{"extract-codes", "`ListeCodes_ExtractionCode` of the last of 20,000 codes", "literal algorithm",

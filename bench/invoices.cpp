@@ -17,13 +17,20 @@ constexpr long kInvoiceRows = 500;
 constexpr int kInstalments = 10000;
 constexpr int kInvoices = 1000;
 
-/// The DOM that the library takes where it is registered, and its settings.
+/// The DOM that the library takes: the first that is registered.
+CLSID dom_class() {
+  CLSID found{};
+  for (const wchar_t* name :
+       {L"MSXML2.DOMDocument.4.0", L"MSXML2.DOMDocument.6.0", L"MSXML2.DOMDocument.3.0"}) {
+    if (SUCCEEDED(CLSIDFromProgID(name, &found))) return found;
+  }
+  must(REGDB_E_CLASSNOTREG, "DOMDocument");
+  return found;
+}
+
+/// With the library's settings.
 ComPtr<IXMLDOMDocument> create_document() {
-  static const CLSID id = [] {
-    CLSID found;
-    must(CLSIDFromProgID(L"MSXML2.DOMDocument.6.0", &found), "CLSIDFromProgID");
-    return found;
-  }();
+  static const CLSID id = dom_class();
   ComPtr<IXMLDOMDocument> document;
   must(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IXMLDOMDocument, document.receive_void()),
        "DOMDocument");
