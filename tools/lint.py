@@ -11,7 +11,7 @@ import re
 import subprocess
 import sys
 
-SOURCE_FOLDERS = ("src", "companions", "diagnostic", "examples", "tests")
+SOURCE_FOLDERS = ("src", "companions", "diagnostic", "examples", "bench", "tests")
 MOST_LINES = 600
 MOST_COLUMNS = 120
 # An exception is caught at the boundary, and where a statement of the host may fail; nowhere else in the library.
