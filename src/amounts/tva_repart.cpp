@@ -36,7 +36,7 @@ class TvaRepart final : public ClassObject<::_TvaRepart> {
     return answer(Resultat, [&] {
       const Bstr kind = tariff_kind(sTypeTarif);
       OwnedRecord<Type_RepartTVA> distribution;
-      read_distribution(view(sRepartTva), required(clsTVA),
+      read_distribution(view(sRepartTva), held(clsTVA).get(),
                         {Mtt, kind.view(), NbDecTot, constants_.m_PC_CodeTVAMultiple}, required(iCodeTva),
                         distribution.get());
       return distribution;

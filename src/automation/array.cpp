@@ -19,6 +19,14 @@ short count_of(const SAFEARRAY* array, unsigned dimension) noexcept {
   return static_cast<short>(*upper + 1);
 }
 
+bool may_hold(const SAFEARRAY* array, VARTYPE type) noexcept {
+  constexpr USHORT kTyped =
+      FADF_BSTR | FADF_UNKNOWN | FADF_DISPATCH | FADF_VARIANT | FADF_RECORD | FADF_HAVEVARTYPE;
+  if (!(array->fFeatures & kTyped)) return true;
+  VARTYPE found = VT_EMPTY;
+  return SUCCEEDED(SafeArrayGetVartype(const_cast<SAFEARRAY*>(array), &found)) && found == type;
+}
+
 void require_resizable(const SAFEARRAY* array) {
   if (array && (array->cLocks > 0 || (array->fFeatures & (FADF_STATIC | FADF_FIXEDSIZE)))) {
     raise(Fault::ArrayLocked);

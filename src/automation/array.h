@@ -17,15 +17,24 @@ std::optional<long> upper_bound(const SAFEARRAY* array, unsigned dimension = 1) 
 /// Upper bound + 1; -1 when there is none, or when it does not fit 16 bits.
 short count_of(const SAFEARRAY* array, unsigned dimension = 1) noexcept;
 
+/// False when an array says itself that its elements are not of the type. One that says nothing is believed.
+bool may_hold(const SAFEARRAY* array, VARTYPE type) noexcept;
+
+/// How an element of an array is typed; a record unless it is a plain one.
+template <class T>
+inline constexpr VARTYPE element_type = VT_RECORD;
+template <>
+inline constexpr VARTYPE element_type<VARIANT> = VT_VARIANT;
+
 /// One-dimensional array of elements of type T, borrowed from the host for the length of a call.
 template <class T>
 class ArrayView {
  public:
-  /// Fault 9 for an array of several dimensions, 13 for one of another element size.
+  /// Fault 9 for an array of several dimensions, 13 for one of another element size or type.
   explicit ArrayView(SAFEARRAY* array) {
     if (!upper_bound(array)) return;
     if (array->cDims != 1) raise(Fault::SubscriptOutOfRange);
-    if (array->cbElements != sizeof(T)) raise(Fault::TypeMismatch);
+    if (array->cbElements != sizeof(T) || !may_hold(array, element_type<T>)) raise(Fault::TypeMismatch);
     elements_ = static_cast<T*>(array->pvData);
     lower_ = array->rgsabound[0].lLbound;
     length_ = static_cast<long>(array->rgsabound[0].cElements);

@@ -6,6 +6,19 @@
 
 namespace velmosav {
 
+namespace {
+
+/// An object may leave information that says nothing: its code then gets a text of the library.
+bool has_text(IErrorInfo& information) noexcept {
+  BSTR text = nullptr;
+  information.GetDescription(&text);
+  const bool found = SysStringLen(text) != 0;
+  SysFreeString(text);
+  return found;
+}
+
+}  // namespace
+
 const wchar_t* failure_text(HRESULT code) noexcept {
   switch (code) {
 #define FAULT(number, name, text) \
@@ -28,6 +41,7 @@ void raise(HRESULT code) { throw Failure{code, nullptr}; }
 void raise_call_failure(HRESULT code) {
   ComPtr<IErrorInfo> information;
   if (code != E_OUTOFMEMORY && GetErrorInfo(0, information.receive()) != S_OK) information = nullptr;
+  if (information && !has_text(*information.get())) information = nullptr;
   throw Failure{code, information};
 }
 

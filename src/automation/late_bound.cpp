@@ -28,7 +28,7 @@ struct ExceptionInformation : EXCEPINFO {
                                                : E_FAIL;
   ComPtr<IErrorInfo> information;
   ComPtr<ICreateErrorInfo> creation;
-  if (exception.bstrDescription && SUCCEEDED(CreateErrorInfo(creation.receive()))) {
+  if (SysStringLen(exception.bstrDescription) != 0 && SUCCEEDED(CreateErrorInfo(creation.receive()))) {
     creation->SetDescription(exception.bstrDescription);
     creation->SetSource(exception.bstrSource);
     creation->SetHelpFile(exception.bstrHelpFile);
@@ -37,6 +37,9 @@ struct ExceptionInformation : EXCEPINFO {
   }
   throw Failure{code, information};
 }
+
+/// What an earlier call left on the thread must not pass for the words of the next one that fails.
+void forget_error_information() noexcept { SetErrorInfo(0, nullptr); }
 
 }  // namespace
 
@@ -53,8 +56,9 @@ ComPtr<IDispatch> create_object(const wchar_t* prog_id) {
   return object;
 }
 
-HostMember::HostMember(IDispatch* object, const wchar_t* name) : object_(object) {
+HostMember::HostMember(IDispatch* object, const wchar_t* name) : object_(ComPtr<IDispatch>::copy(object)) {
   if (!object) raise(Fault::ObjectNotSet);
+  forget_error_information();
   auto* names = const_cast<wchar_t*>(name);
   const HRESULT code = object->GetIDsOfNames(IID_NULL, &names, 1, LOCALE_USER_DEFAULT, &id_);
   if (SUCCEEDED(code)) return;
@@ -87,6 +91,7 @@ void HostMember::put(Variant value) const {
 Variant HostMember::invoke(WORD flags, DISPPARAMS& parameters) const {
   ExceptionInformation exception;
   Variant result;
+  forget_error_information();
   VARIANT* place = flags & DISPATCH_PROPERTYPUT ? nullptr : result.receive();
   const HRESULT code =
       extended_ ? static_cast<IDispatchEx*>(extended_.get())

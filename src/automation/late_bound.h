@@ -17,7 +17,8 @@ namespace velmosav {
 /// A new object by its ProgID; fault 429 when it cannot be created.
 ComPtr<IDispatch> create_object(const wchar_t* prog_id);
 
-/// A member of a host's object, looked up once. Borrows the object.
+/// A member of a host's object, looked up once. Holds the object: the host's code may let go of it during a
+/// call.
 class HostMember {
  public:
   /// Fault 91 for no object, 438 for an unknown name.
@@ -38,25 +39,27 @@ class HostMember {
   [[nodiscard]] Variant invoke(WORD flags, Variant* arguments, std::size_t count) const;
   Variant invoke(WORD flags, DISPPARAMS& parameters) const;
 
-  IDispatch* object_;
+  ComPtr<IDispatch> object_;
   ComPtr<IDispatch> extended_;  // an IDispatchEx when the name was found there
   DISPID id_ = DISPID_UNKNOWN;
 };
 
-/// An object of the host. Borrows it.
+/// An object of the host, held likewise.
 class HostObject {
  public:
-  explicit HostObject(IDispatch* object) noexcept : object_(object) {}
+  explicit HostObject(IDispatch* object) noexcept : object_(ComPtr<IDispatch>::copy(object)) {}
 
   template <class... Arguments>
   [[nodiscard]] Variant get(const wchar_t* name, Arguments&&... arguments) const {
-    return HostMember(object_, name).get(std::forward<Arguments>(arguments)...);
+    return HostMember(object_.get(), name).get(std::forward<Arguments>(arguments)...);
   }
   /// Sets a property.
-  void put(const wchar_t* name, Variant value) const { HostMember(object_, name).put(std::move(value)); }
+  void put(const wchar_t* name, Variant value) const {
+    HostMember(object_.get(), name).put(std::move(value));
+  }
 
  private:
-  IDispatch* object_;
+  ComPtr<IDispatch> object_;
 };
 
 }  // namespace velmosav

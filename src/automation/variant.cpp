@@ -3,6 +3,7 @@
 #include <cstring>
 #include <limits>
 
+#include "automation/array.h"
 #include "automation/fault.h"
 
 namespace velmosav {
@@ -11,7 +12,7 @@ namespace {
 Variant converted(const VARIANT& value, VARTYPE type) {
   const VARIANT& source = dereferenced(value);
   if (source.vt == VT_NULL) raise(Fault::InvalidUseOfNull);
-  if (is_missing(source)) raise(Fault::TypeMismatch);
+  if (is_missing(source) || !is_convertible(source)) raise(Fault::TypeMismatch);
   Variant result;
   // The platform takes the argument as non-const but does not write to it.
   check_conversion(VariantChangeTypeEx(&result.get(), const_cast<VARIANT*>(&source), LOCALE_USER_DEFAULT,
@@ -49,6 +50,11 @@ std::size_t plain_size(VARTYPE type) {
 
 }  // namespace
 
+bool is_convertible(const VARIANT& value) noexcept {
+  const bool refers_to_nothing = (value.vt & VT_BYREF) && !value.byref;
+  return !refers_to_nothing && (value.vt & VT_TYPEMASK) != VT_RECORD;
+}
+
 const VARIANT& dereferenced(const VARIANT& value) noexcept {
   return value.vt == (VT_BYREF | VT_VARIANT) && value.pvarVal ? *value.pvarVal : value;
 }
@@ -79,7 +85,10 @@ IDispatch* to_object(const VARIANT& value) {
 }
 
 void store_variable(VARIANT& variable, Variant value) {
+  if (!is_convertible(variable)) raise(Fault::TypeMismatch);
   if (!(variable.vt & VT_BYREF)) {
+    // A locked array could not be freed.
+    if (variable.vt & VT_ARRAY) require_resizable(variable.parray);
     std::swap(variable, value.get());
     return;
   }

@@ -62,6 +62,9 @@ class Variant {
 /// The value behind VT_BYREF|VT_VARIANT, or the variant itself.
 const VARIANT& dereferenced(const VARIANT& value) noexcept;
 
+/// False for what the platform must not be asked to convert or clear: a record, a reference to nothing.
+bool is_convertible(const VARIANT& value) noexcept;
+
 /// True for an optional argument that the caller left out (not for an empty one).
 bool is_missing(const VARIANT& value) noexcept;
 inline bool is_missing(const VARIANT* value) noexcept { return !value || is_missing(*value); }
@@ -78,7 +81,7 @@ Bstr to_text(const VARIANT& value);
 IDispatch* to_object(const VARIANT& value);
 
 /// Gives a variable of the host a new value. A typed variable behind a reference takes it converted to its
-/// type.
+/// type; one that holds a record takes none (fault 13), nor one that holds a locked array (fault 10).
 void store_variable(VARIANT& variable, Variant value);
 
 /// 16-bit result of a count or index: fault 6 outside the range.

@@ -18,7 +18,8 @@ struct Cell {
     } else if (type & VT_BYREF) {
       data = value.byref;
     }
-    type = static_cast<VARTYPE>(type & ~VT_BYREF);
+    // A reference to nothing is no value.
+    type = data ? static_cast<VARTYPE>(type & ~VT_BYREF) : static_cast<VARTYPE>(VT_ILLEGAL);
   }
 
   template <class T>

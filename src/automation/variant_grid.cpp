@@ -18,7 +18,7 @@ SAFEARRAY** array_place(VARIANT& argument) {
 
 VariantGrid::VariantGrid(VARIANT& argument) : array_(array_place(argument)) {
   if (!upper_bound(*array_, 2) || (*array_)->cDims != 2) raise(Fault::SubscriptOutOfRange);
-  if ((*array_)->cbElements != sizeof(VARIANT)) raise(Fault::TypeMismatch);
+  if ((*array_)->cbElements != sizeof(VARIANT) || !may_hold(*array_, VT_VARIANT)) raise(Fault::TypeMismatch);
 }
 
 long VariantGrid::last_row() const noexcept { return *upper_bound(*array_, 1); }

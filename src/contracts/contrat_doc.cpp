@@ -189,7 +189,7 @@ class ContratDoc final : public ClassObject<::_ContratDoc> {
           {bVisibOptListe != VARIANT_FALSE, L"Liste des interventions", IndMenuPop_Liste, true},
           {bVisibOptCreer != VARIANT_FALSE, L"Créer une intervention", IndMenuPop_Creer},
           {bVisibOptSupp != VARIANT_FALSE, L"Supprimer l'intervention", IndMenuPop_Supprimer}};
-      return choose_from_menu(required(Btn), entries);
+      return choose_from_menu(held(Btn).get(), entries);
     });
   }
 
@@ -205,7 +205,7 @@ class ContratDoc final : public ClassObject<::_ContratDoc> {
           {bVisibOptAjtSite != VARIANT_FALSE, L"Ajouter un site", IndMenuPop_AjoutSite},
           {bVisibOptRemplSite != VARIANT_FALSE, L"Remplacer par un site", IndMenuPop_RemplSite},
           {bVisibOptExclure != VARIANT_FALSE, L"Exclure le site", IndMenuPop_Supprimer}};
-      return choose_from_menu(required(Btn), entries);
+      return choose_from_menu(held(Btn).get(), entries);
     });
   }
 

@@ -66,7 +66,7 @@ class Periodicite final : public ClassObject<::_Periodicite> {
   HRESULT STDMETHODCALLTYPE RenseignerChampBinaire(IDispatch** RcsChamp, BSTR* FicTemp,
                                                    VARIANT_BOOL* Resultat) noexcept override {
     return answer(Resultat,
-                  [&] { return load_file_into_field(required(RcsChamp), view(required(FicTemp))); });
+                  [&] { return load_file_into_field(held(RcsChamp).get(), view(required(FicTemp))); });
   }
 
  private:

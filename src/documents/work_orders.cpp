@@ -14,7 +14,7 @@ namespace {
 
 /// The cell (0, 0) of a two-dimensional table of texts; fault-free: null when there is none.
 const BSTR* first_cell(const SAFEARRAY* table) noexcept {
-  if (table->cDims != 2 || table->cbElements != sizeof(BSTR)) return nullptr;
+  if (table->cDims != 2 || table->cbElements != sizeof(BSTR) || !may_hold(table, VT_BSTR)) return nullptr;
   const SAFEARRAYBOUND& rows = table->rgsabound[1];
   const SAFEARRAYBOUND& columns = table->rgsabound[0];
   const long long row = -static_cast<long long>(rows.lLbound);
@@ -55,7 +55,7 @@ void require_element_zero(const SAFEARRAY* array) {
 }
 
 /// What erase_objects would raise.
-void require_erasable_objects(const SAFEARRAY* objects) {
+void require_erasable_objects(SAFEARRAY* objects) {
   require_erasable<IDispatch*>(objects);
   require_element_zero(objects);
 }

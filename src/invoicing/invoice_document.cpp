@@ -26,6 +26,8 @@ const CLSID& dom_class() {
 }
 
 ComPtr<IXMLDOMDocument> create_document() {
+  // What an earlier call left on the thread must not pass for the words of the DOM.
+  SetErrorInfo(0, nullptr);
   ComPtr<IXMLDOMDocument> document;
   check(CoCreateInstance(dom_class(), nullptr, CLSCTX_INPROC_SERVER, IID_IXMLDOMDocument,
                          document.receive_void()));

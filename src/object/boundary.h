@@ -37,6 +37,9 @@ T& required(T* argument) {
   return *argument;
 }
 
+/// The object in a variable of the host, held while the call lasts: the host may let go of it meanwhile.
+inline ComPtr<IDispatch> held(IDispatch** variable) { return ComPtr<IDispatch>::copy(required(variable)); }
+
 /// How a result of the logic is stored where the host awaits it.
 inline void store(BSTR* place, Bstr text) noexcept { *place = text.detach(); }
 inline void store(VARIANT_BOOL* place, bool value) noexcept { *place = to_variant_bool(value); }

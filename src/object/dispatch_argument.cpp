@@ -17,10 +17,15 @@ VARIANT& variable_of(VARIANT& argument) noexcept {
   return *value;
 }
 
-void convert(VARIANT& target, VARIANT& source, LCID locale, VARTYPE type) {
-  if (source.vt == VT_NULL) raise(DISP_E_TYPEMISMATCH);
-  const HRESULT code = VariantChangeTypeEx(&target, &source, locale, VARIANT_LOCALBOOL, type);
+/// A value that the platform cannot take is an argument of another type.
+void check_argument(HRESULT code) {
+  if (code == E_INVALIDARG || code == DISP_E_BADVARTYPE) code = DISP_E_TYPEMISMATCH;
   if (FAILED(code)) raise(code);
+}
+
+void convert(VARIANT& target, VARIANT& source, LCID locale, VARTYPE type) {
+  if (source.vt == VT_NULL || !is_convertible(source)) raise(DISP_E_TYPEMISMATCH);
+  check_argument(VariantChangeTypeEx(&target, &source, locale, VARIANT_LOCALBOOL, type));
 }
 
 bool same_record(IRecordInfo* given, const DispatchParameter& parameter) {
@@ -61,8 +66,8 @@ void DispatchArgument::prepare_missing(const DispatchParameter& parameter, bool 
 }
 
 VARIANT& DispatchArgument::copy_of(VARIANT& argument) {
-  const HRESULT code = VariantCopy(converted_.receive(), &argument);
-  if (FAILED(code)) raise(code);
+  if (!is_convertible(argument)) raise(DISP_E_TYPEMISMATCH);
+  check_argument(VariantCopy(converted_.receive(), &argument));
   return converted_.get();
 }
 

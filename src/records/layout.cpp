@@ -62,6 +62,13 @@ struct Table;
 #include "records/without_fields.h"
 #include "records.def"
 
+const RecordLayout* layout_by_id(const GUID& id) noexcept {
+  for (const RecordLayout* layout : all_layouts()) {
+    if (layout->id == id) return layout;
+  }
+  return nullptr;
+}
+
 std::span<const RecordLayout* const> all_layouts() noexcept {
 #define RECORD_BEGIN(name, identifier, help) &Table<::name>::layout,
 #include "records/without_fields.h"

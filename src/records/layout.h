@@ -54,6 +54,9 @@ const RecordLayout& layout_of() noexcept;
 #include "records/without_fields.h"
 #include "records.def"
 
+/// The table of a record known by its identifier; null for another.
+const RecordLayout* layout_by_id(const GUID& id) noexcept;
+
 /// Every record of the contract, in the order of the lists.
 std::span<const RecordLayout* const> all_layouts() noexcept;
 

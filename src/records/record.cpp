@@ -96,9 +96,13 @@ void clear_record(const RecordLayout& layout, void* record) noexcept {
         destroy_record_array(at<SAFEARRAY*>(record, field.offset), *field.record);
         break;
       case FieldKind::TextArray:
+        destroy_plain_array(at<SAFEARRAY*>(record, field.offset), PlainElement::Text);
+        break;
       case FieldKind::ObjectArray:
+        destroy_plain_array(at<SAFEARRAY*>(record, field.offset), PlainElement::Object);
+        break;
       case FieldKind::VariantArray:
-        SafeArrayDestroy(at<SAFEARRAY*>(record, field.offset));
+        destroy_plain_array(at<SAFEARRAY*>(record, field.offset), PlainElement::Variant);
         break;
       case FieldKind::Byte:
       case FieldKind::Integer:
@@ -113,8 +117,26 @@ void clear_record(const RecordLayout& layout, void* record) noexcept {
 }
 
 void clear_record(const GUID& id, void* record) noexcept {
-  for (const RecordLayout* layout : all_layouts()) {
-    if (layout->id == id) clear_record(*layout, record);
+  if (const RecordLayout* layout = layout_by_id(id)) clear_record(*layout, record);
+}
+
+void require_unlocked(const RecordLayout& layout, const void* record) {
+  for (const FieldLayout& field : layout.fields) {
+    switch (field.kind) {
+      case FieldKind::Record:
+        for (unsigned i = 0; i < field.count; ++i) {
+          require_unlocked(*field.record, &at<char>(record, field.offset + i * field.record->size));
+        }
+        break;
+      case FieldKind::TextArray:
+      case FieldKind::ObjectArray:
+      case FieldKind::VariantArray:
+      case FieldKind::RecordArray:
+        require_unlocked(at<SAFEARRAY*>(record, field.offset), field.record);
+        break;
+      default:
+        break;
+    }
   }
 }
 

@@ -6,11 +6,13 @@
 namespace velmosav {
 
 /// Frees what the record's fields own (texts, objects, arrays, nested records) and zeroes them.
-/// Arrays that are locked or of fixed size are emptied where they stand.
 void clear_record(const RecordLayout& layout, void* record) noexcept;
 
 /// The same for a record known by its identifier; nothing is done for an unknown one.
 void clear_record(const GUID& id, void* record) noexcept;
+
+/// Fault 10 when one of the record's arrays, at any depth, is locked or of fixed size.
+void require_unlocked(const RecordLayout& layout, const void* record);
 
 /// Copies a record of plain fields, texts and nested records over another; the former content is freed.
 /// When memory lacks the target is as it was. Records with dynamic arrays are never copied.

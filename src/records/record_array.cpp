@@ -41,40 +41,100 @@ void destroy_cleared(SAFEARRAY* array) noexcept {
   SafeArrayDestroy(array);
 }
 
-}  // namespace
-
-void destroy_record_array(SAFEARRAY* array, const RecordLayout& layout) noexcept {
-  if (!array) return;
-  // Elements of another size are not records of this kind: they are left alone.
-  if (array->pvData && array->cbElements == layout.size)
-    clear_elements(array, layout, 0, element_count(array));
-  destroy_cleared(array);
+/// The table of the records that an array holds: by its own description when it has one. Null for elements of
+/// another kind.
+const RecordLayout* records_in(SAFEARRAY* array, const RecordLayout* expected) noexcept {
+  if (!array->pvData || !may_hold(array, VT_RECORD)) return nullptr;
+  if (array->fFeatures & FADF_RECORD) {
+    ComPtr<IRecordInfo> info;
+    GUID id;
+    if (FAILED(SafeArrayGetRecordInfo(array, info.receive())) || !info || FAILED(info->GetGuid(&id)))
+      return nullptr;
+    expected = layout_by_id(id);
+  }
+  return expected && array->cbElements == expected->size ? expected : nullptr;
 }
 
-void require_erasable(const SAFEARRAY* array, unsigned long element_size) {
-  require_resizable(array);
-  if (array && array->pvData && array->cbElements != element_size) raise(Fault::TypeMismatch);
+VARTYPE type_of(PlainElement kind) noexcept {
+  return static_cast<VARTYPE>(kind == PlainElement::Text     ? VT_BSTR
+                              : kind == PlainElement::Object ? VT_DISPATCH
+                                                             : VT_VARIANT);
 }
 
-void erase_record_array(SAFEARRAY*& array, const RecordLayout& layout) {
-  require_erasable(array, layout.size);
-  destroy_record_array(std::exchange(array, nullptr), layout);
+unsigned size_of(PlainElement kind) noexcept {
+  return kind == PlainElement::Variant ? sizeof(VARIANT) : sizeof(void*);
 }
 
-void erase_plain_array(SAFEARRAY*& array, PlainElement kind) {
-  static_assert(sizeof(BSTR) == sizeof(IDispatch*));
-  require_erasable(array, sizeof(BSTR));
-  if (!array) return;
+bool holds(const SAFEARRAY* array, PlainElement kind) noexcept {
+  return array->cbElements == size_of(kind) && may_hold(array, type_of(kind));
+}
+
+void clear_plain_elements(SAFEARRAY* array, PlainElement kind) noexcept {
   const unsigned long count = array->pvData ? element_count(array) : 0;
   for (unsigned long i = 0; i < count; ++i) {
     char* place = element(array, i);
     if (kind == PlainElement::Text) {
       SysFreeString(std::exchange(*reinterpret_cast<BSTR*>(place), nullptr));
+    } else if (kind == PlainElement::Variant) {
+      VariantClear(reinterpret_cast<VARIANT*>(place));
     } else if (IDispatch* object = std::exchange(*reinterpret_cast<IDispatch**>(place), nullptr)) {
       object->Release();
     }
   }
-  SafeArrayDestroy(std::exchange(array, nullptr));
+}
+
+void require_unlocked_elements(SAFEARRAY* array, const RecordLayout& layout, unsigned long first,
+                               unsigned long end) {
+  for (unsigned long i = first; i < end; ++i) require_unlocked(layout, element(array, i));
+}
+
+}  // namespace
+
+void require_unlocked(SAFEARRAY* array, const RecordLayout* expected) {
+  require_resizable(array);
+  if (!array) return;
+  if (const RecordLayout* layout = records_in(array, expected)) {
+    require_unlocked_elements(array, *layout, 0, element_count(array));
+  }
+}
+
+void require_erasable(SAFEARRAY* array, const RecordLayout& layout) {
+  require_resizable(array);
+  if (array && array->pvData && records_in(array, &layout) != &layout) raise(Fault::TypeMismatch);
+  require_unlocked(array, &layout);
+}
+
+void require_erasable(SAFEARRAY* array, PlainElement kind) {
+  require_resizable(array);
+  if (array && array->pvData && !holds(array, kind)) raise(Fault::TypeMismatch);
+}
+
+void destroy_record_array(SAFEARRAY* array, const RecordLayout& layout) noexcept {
+  if (!array) return;
+  if (const RecordLayout* held = records_in(array, &layout)) {
+    clear_elements(array, *held, 0, element_count(array));
+  }
+  destroy_cleared(array);
+}
+
+void destroy_plain_array(SAFEARRAY* array, PlainElement kind) noexcept {
+  if (!array) return;
+  if (holds(array, kind)) {
+    clear_plain_elements(array, kind);
+  } else if (const RecordLayout* held = records_in(array, nullptr)) {
+    clear_elements(array, *held, 0, element_count(array));
+  }
+  destroy_cleared(array);
+}
+
+void erase_record_array(SAFEARRAY*& array, const RecordLayout& layout) {
+  require_erasable(array, layout);
+  destroy_record_array(std::exchange(array, nullptr), layout);
+}
+
+void erase_plain_array(SAFEARRAY*& array, PlainElement kind) {
+  require_erasable(array, kind);
+  destroy_plain_array(std::exchange(array, nullptr), kind);
 }
 
 void redim_preserve(SAFEARRAY*& array, const RecordLayout& layout, long upper) {
@@ -86,11 +146,12 @@ void redim_preserve(SAFEARRAY*& array, const RecordLayout& layout, long upper) {
     return;
   }
   if (array->cDims != 1 || array->rgsabound[0].lLbound != 0) raise(Fault::SubscriptOutOfRange);
-  if (array->cbElements != layout.size) raise(Fault::TypeMismatch);
+  if (records_in(array, &layout) != &layout) raise(Fault::TypeMismatch);
   require_resizable(array);
   SAFEARRAYBOUND& bound = array->rgsabound[0];
   const auto wanted = static_cast<ULONG>(upper) + 1;
   if (wanted < bound.cElements) {
+    require_unlocked_elements(array, layout, wanted, bound.cElements);
     clear_elements(array, layout, wanted, bound.cElements);
     bound.cElements = wanted;
   } else if (wanted > bound.cElements) {

@@ -1,20 +1,26 @@
 // Dynamic arrays that a record holds: erasing and re-dimensioning, by moves of the elements.
 #pragma once
 
+#include <type_traits>
+
 #include "automation/array.h"
 #include "records/layout.h"
 
 namespace velmosav {
 
-/// Fault 10 when the array is locked or of fixed size, 13 for another element size: what erasing it would
-/// raise.
-void require_erasable(const SAFEARRAY* array, unsigned long element_size);
+/// What an array of plain elements holds.
+enum class PlainElement { Text, Object, Variant };
+
+/// Fault 10 when the array, or one inside its elements, is locked or of fixed size, 13 for another element
+/// size or when the array says itself that its elements are of another type: what erasing it would raise.
+void require_erasable(SAFEARRAY* array, const RecordLayout& layout);
+void require_erasable(SAFEARRAY* array, PlainElement kind);
+/// Fault 10 alone, whatever the elements are.
+void require_unlocked(SAFEARRAY* array, const RecordLayout* expected);
+
 /// Frees every element and the array; the field becomes "never dimensioned".
 /// Faults as require_erasable; nothing is changed then.
 void erase_record_array(SAFEARRAY*& array, const RecordLayout& layout);
-/// What an array of plain elements holds.
-enum class PlainElement { Text, Object };
-/// The same for an array of plain elements, whatever it says of them itself.
 void erase_plain_array(SAFEARRAY*& array, PlainElement kind);
 
 /// Sets the bounds 0 to `upper` and keeps the elements: those beyond are freed, new ones are zero.
@@ -33,11 +39,18 @@ void redim_preserve(SAFEARRAY*& array, long upper) {
 }
 
 template <class Element>
-void require_erasable(const SAFEARRAY* array) {
-  require_erasable(array, sizeof(Element));
+void require_erasable(SAFEARRAY* array) {
+  if constexpr (std::is_same_v<Element, BSTR>) {
+    require_erasable(array, PlainElement::Text);
+  } else if constexpr (std::is_same_v<Element, IDispatch*>) {
+    require_erasable(array, PlainElement::Object);
+  } else {
+    require_erasable(array, layout_of<Element>());
+  }
 }
 
-/// Frees an array whatever its state; for a record that is being cleared.
+/// Frees an array whatever it holds; for a record that is being cleared.
 void destroy_record_array(SAFEARRAY* array, const RecordLayout& layout) noexcept;
+void destroy_plain_array(SAFEARRAY* array, PlainElement kind) noexcept;
 
 }  // namespace velmosav

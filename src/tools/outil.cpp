@@ -84,7 +84,7 @@ class Outil final : public ClassObject<::_Outil> {
 
   HRESULT STDMETHODCALLTYPE CheckFmtNum(IDispatch** Ctl, VARIANT* Valeur,
                                         VARIANT_BOOL* Resultat) noexcept override {
-    return answer(Resultat, [&] { return satisfies_control_format(required(Ctl), Valeur); });
+    return answer(Resultat, [&] { return satisfies_control_format(held(Ctl).get(), Valeur); });
   }
 
   HRESULT STDMETHODCALLTYPE IsRacinesValides(BSTR* Racine, BSTR* sClasseRac, BSTR* Exclure,
@@ -115,18 +115,18 @@ class Outil final : public ClassObject<::_Outil> {
   }
 
   HRESULT STDMETHODCALLTYPE SetRegionStdBout(IDispatch** Bt) noexcept override {
-    return perform([&] { cut_button_corners(required(Bt)); });
+    return perform([&] { cut_button_corners(held(Bt).get()); });
   }
 
   HRESULT STDMETHODCALLTYPE GetValScrollSurvol(IDispatch** SC, short* IndLig, short* indcol,
                                                VARIANT* Resultat) noexcept override {
-    return answer(Resultat, [&] { return value_under_mouse(required(SC), IndLig, indcol); });
+    return answer(Resultat, [&] { return value_under_mouse(held(SC).get(), IndLig, indcol); });
   }
 
   HRESULT STDMETHODCALLTYPE GestionColQte(IDispatch** Col, BSTR, BYTE NbDec, BSTR Posit, BSTR,
                                           VARIANT_BOOL bFmtAffEmpty) noexcept override {
     return perform(
-        [&] { set_up_quantity_column(required(Col), NbDec, view(Posit), bFmtAffEmpty != VARIANT_FALSE); });
+        [&] { set_up_quantity_column(held(Col).get(), NbDec, view(Posit), bFmtAffEmpty != VARIANT_FALSE); });
   }
 };
 
