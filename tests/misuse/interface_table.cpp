@@ -5,14 +5,6 @@
 namespace misuse {
 namespace {
 
-const velmosav::RecordLayout* layout_of(const GUID& record) {
-  for (const velmosav::RecordLayout* layout : velmosav::all_layouts()) {
-    if (layout->id == record) return layout;
-  }
-  ADD_FAILURE() << "a record of the type library has no table";
-  return nullptr;
-}
-
 void describe_named_type(const ComPtr<ITypeInfo>& info, HREFTYPE reference, Parameter& parameter) {
   ComPtr<ITypeInfo> type;
   EXPECT_EQ(S_OK, info->GetRefTypeInfo(reference, type.receive()));
@@ -23,7 +15,8 @@ void describe_named_type(const ComPtr<ITypeInfo>& info, HREFTYPE reference, Para
   }
   EXPECT_EQ(TKIND_RECORD, attributes->typekind);
   parameter.type = VT_RECORD;
-  parameter.record = layout_of(attributes->guid);
+  parameter.record = velmosav::layout_by_id(attributes->guid);
+  EXPECT_NE(nullptr, parameter.record);
   EXPECT_EQ(S_OK, GetRecordInfoFromTypeInfo(type.get(), parameter.record_info.receive()));
 }
 

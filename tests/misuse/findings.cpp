@@ -1,0 +1,18 @@
+#include "misuse/findings.h"
+
+namespace misuse {
+
+void Findings::add(std::size_t class_index, const std::wstring& place, const std::string& what,
+                   std::uint64_t number) {
+  ++figures_[class_index].findings;
+  const auto [entry, added] = found_.try_emplace({place, what}, Finding{place, what, number, 0});
+  ++entry->second.count;
+}
+
+std::vector<Finding> Findings::all() const {
+  std::vector<Finding> list;
+  for (const auto& entry : found_) list.push_back(entry.second);
+  return list;
+}
+
+}  // namespace misuse
