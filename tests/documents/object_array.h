@@ -31,6 +31,8 @@ class Objects {
     const auto dimensions = static_cast<UINT>(bounds.size());
     SAFEARRAY* array =
         SafeArrayCreate(static_cast<VARTYPE>(marked ? VT_DISPATCH : VT_I4), dimensions, bounds.data());
+    // One that is not marked says nothing of its elements but their size.
+    if (!marked) array->fFeatures = static_cast<USHORT>(array->fFeatures & ~FADF_HAVEVARTYPE);
     for (unsigned long i = 0; i < objects_.size(); ++i) element<IDispatch*>(array, i) = hand_over(i);
     return array;
   }
