@@ -165,12 +165,12 @@ TEST_F(FirstUse, AnXmlInvoice) {
 }
 
 TEST_F(FirstUse, ACallByName) {
-  refuse_all(S_OK, [](const FreshLibrary& library) {
+  const auto info =
+      record_info_of(create_dispatch(L"TvaRepart").get(), velmosav::layout_of<Type_RepartTVA>().id);
+  refuse_all(S_OK, [&info](const FreshLibrary& library) {
     ComPtr<IDispatch> rates;
     if (const HRESULT code = library.create<::TvaRepart>(rates); FAILED(code)) return code;
     Record<Type_RepartTVA> split;
-    const auto info =
-        record_info_of(create_dispatch(L"TvaRepart").get(), velmosav::layout_of<Type_RepartTVA>().id);
     return call_by_name(*rates.get(), L"WriteRepartTVA", arguments(record_argument(*split, info.get())));
   });
 }

@@ -1,11 +1,10 @@
 #include "support/allocations.h"
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 
 #include "support/guard_pages.h"
 
@@ -26,11 +25,11 @@ class Allocations::Spy final : public IMallocSpy {
   ULONG STDMETHODCALLTYPE Release() override { return 1; }
 
   SIZE_T STDMETHODCALLTYPE PreAlloc(SIZE_T size) override {
-    size_ = size;
-    return guarding_ ? kStandIn : size;
+    placed_ = guarding_ ? guard::allocate(size) : nullptr;
+    return placed_ ? kStandIn : size;
   }
   void* STDMETHODCALLTYPE PostAlloc(void* block) override {
-    block = guarding_ && block ? guarded(block, size_) : block;
+    if (placed_) block = guarded(block);
     if (block && counting_) blocks_.insert(block);
     return block;
   }
@@ -41,23 +40,23 @@ class Allocations::Spy final : public IMallocSpy {
   void STDMETHODCALLTYPE PostFree(BOOL) override {}
   SIZE_T STDMETHODCALLTYPE PreRealloc(void* block, SIZE_T size, void** request, BOOL) override {
     blocks_.erase(block);
-    size_ = size;
     old_ = guard::owns(block) ? block : nullptr;
     *request = old_ ? stand_ins_.at(old_) : block;
+    size_ = size;
     // A block that stands on ordinary pages stays there.
-    growing_guarded_ = size != 0 && (old_ || (guarding_ && !block));
+    placed_ = size != 0 && (old_ || (guarding_ && !block)) ? guard::allocate(size) : nullptr;
     if (old_ && size == 0) *request = taken_back(old_);
-    return growing_guarded_ ? kStandIn : size;
+    return placed_ ? kStandIn : size;
   }
   void* STDMETHODCALLTYPE PostRealloc(void* block, BOOL) override {
-    if (block && growing_guarded_) {
-      void* const moved = guarded(block, size_);
-      if (old_) {
-        std::memcpy(moved, old_, std::min(size_, static_cast<SIZE_T>(guard::size_of(old_))));
-        taken_back(old_);
-      }
-      block = moved;
+    if (block && old_ && size_ != 0) {
+      void* const target = placed_ ? placed_ : block;
+      std::memcpy(target, old_, std::min(size_, static_cast<SIZE_T>(guard::size_of(old_))));
+      // The platform's own block goes on behind the new one, or is the new one.
+      stand_ins_.erase(old_);
+      guard::release(old_);
     }
+    if (placed_) block = guarded(block);
     if (block && counting_) blocks_.insert(block);
     return block;
   }
@@ -93,7 +92,7 @@ class Allocations::Spy final : public IMallocSpy {
     blocks_.clear();
     counting_ = counting;
   }
-  void guard(bool guarding) { guarding_ = guarding; }
+  bool guard(bool guarding) { return std::exchange(guarding_, guarding); }
   [[nodiscard]] std::size_t living() const { return blocks_.size(); }
 
  private:
@@ -103,14 +102,14 @@ class Allocations::Spy final : public IMallocSpy {
   static constexpr SIZE_T kStandIn = 1;
 
   /// The guarded block that the caller gets for the platform's own.
-  void* guarded(void* stand_in, SIZE_T size) {
-    void* const block = guard::allocate(size);
-    if (!block) {
-      std::fputs("guard pages: used up\n", stderr);
-      std::abort();
+  void* guarded(void* stand_in) {
+    void* const block = std::exchange(placed_, nullptr);
+    if (stand_in) {
+      stand_ins_.emplace(block, stand_in);
+      return block;
     }
-    stand_ins_.emplace(block, stand_in);
-    return block;
+    guard::release(block);
+    return nullptr;
   }
   /// The platform's own block again.
   void* taken_back(void* block) {
@@ -128,14 +127,14 @@ class Allocations::Spy final : public IMallocSpy {
   // Between the two halves of an operation; the platform lets no other come between.
   SIZE_T size_ = 0;
   void* old_ = nullptr;
-  bool growing_guarded_ = false;
+  void* placed_ = nullptr;  // on guard pages; null while the range is used up
 };
 
 Allocations::Allocations() { Spy::registered().count(true); }
 
 Allocations::~Allocations() { Spy::registered().count(false); }
 
-void Allocations::guard(bool guarded) { Spy::registered().guard(guarded); }
+bool Allocations::guard(bool guarded) { return Spy::registered().guard(guarded); }
 
 std::size_t Allocations::outstanding() const { return Spy::registered().living(); }
 

@@ -17,8 +17,8 @@ class Allocations {
   [[nodiscard]] std::size_t outstanding() const;
 
   /// Places every block of the platform's allocator on guard pages from now on or no longer. Blocks that
-  /// stand there stay until they are freed.
-  static void guard(bool guarded);
+  /// stand there stay until they are freed. Returns whether it was so before.
+  static bool guard(bool guarded);
 
  private:
   class Spy;

@@ -171,7 +171,6 @@ struct Import {
   const char* name;
   void* replacement;
   void** original;
-  void** slot = nullptr;
 };
 
 template <class Function>
@@ -179,17 +178,17 @@ void* address_of(Function* function) {
   return reinterpret_cast<void*>(function);
 }
 
-std::vector<Import>& replaced_imports() {
+const std::vector<Import>& replaced_imports() {
   static void* unused[5];
-  static std::vector<Import> list{{"malloc", address_of(replaced_malloc), &unused[0]},
-                                  {"calloc", address_of(replaced_calloc), &unused[1]},
-                                  {"realloc", address_of(replaced_realloc), &unused[2]},
-                                  {"_strdup", address_of(replaced_strdup), &unused[3]},
-                                  {"free", address_of(replaced_free), &unused[4]},
+  static const std::vector<Import> list{{"malloc", address_of(replaced_malloc), &unused[0]},
+                                        {"calloc", address_of(replaced_calloc), &unused[1]},
+                                        {"realloc", address_of(replaced_realloc), &unused[2]},
+                                        {"_strdup", address_of(replaced_strdup), &unused[3]},
+                                        {"free", address_of(replaced_free), &unused[4]},
 #define ENTRY(function, answer)                                                     \
   {#function, address_of(&Replacement<function##_tag, decltype(::function)>::call), \
    &original<function##_tag>},
-                                  REFUSABLE_FUNCTIONS(ENTRY)
+                                        REFUSABLE_FUNCTIONS(ENTRY)
 #undef ENTRY
   };
   return list;
@@ -227,12 +226,12 @@ void write_slot(void** slot, void* address) {
 
 }  // namespace
 
-LibraryMemory::LibraryMemory(HMODULE module) : module_(module) {
-  for_each_import(module, [](const char* name, void** slot) {
-    for (Import& import : replaced_imports()) {
-      if (std::strcmp(import.name, name) != 0) continue;
+LibraryMemory::LibraryMemory(HMODULE module) : was_guarding_(state().guarding) {
+  for_each_import(module, [this](const char* name, void** slot) {
+    for (const Import& import : replaced_imports()) {
+      if (std::strcmp(import.name, name) != 0 || *slot == import.replacement) continue;
       *import.original = *slot;
-      import.slot = slot;
+      replaced_.push_back({slot, *slot});
       write_slot(slot, import.replacement);
     }
   });
@@ -240,10 +239,10 @@ LibraryMemory::LibraryMemory(HMODULE module) : module_(module) {
 
 LibraryMemory::~LibraryMemory() {
   allow();
-  guard(false);
-  for (Import& import : replaced_imports()) {
-    if (import.slot) write_slot(std::exchange(import.slot, nullptr), *import.original);
-  }
+  guard(was_guarding_);
+  for (const Replaced& replaced : replaced_) write_slot(replaced.slot, replaced.former);
+  if (replaced_.empty()) return;
+  const std::lock_guard lock(state().mutex);
   state().living.clear();
 }
 

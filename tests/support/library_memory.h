@@ -16,7 +16,7 @@
 
 namespace host {
 
-/// One at a time.
+/// Several at one time share what they count and refuse.
 class LibraryMemory {
  public:
   explicit LibraryMemory(HMODULE module);
@@ -47,7 +47,12 @@ class LibraryMemory {
   static std::vector<std::string> imports_of(HMODULE module);
 
  private:
-  HMODULE module_;
+  struct Replaced {
+    void** slot;
+    void* former;
+  };
+  std::vector<Replaced> replaced_;
+  bool was_guarding_;
 };
 
 }  // namespace host
