@@ -1,0 +1,93 @@
+"""The folder of files that every package holds: programs, contract, examples, documents, their sums."""
+
+import hashlib
+import os
+import shutil
+import struct
+import subprocess
+
+PROGRAMS = ("VelmoSAV_DLL14.dll", "ApiPopupMenu.dll", "sav-diagnostic.exe")
+EXAMPLES = ("facturation.exe", "galerie.exe", "premier_appel.exe", "sans_enregistrement.exe")
+WITH_SYMBOL_FILE = ("VelmoSAV_DLL14.dll", "ApiPopupMenu.dll")
+SUMS = "SHA256SUMS.txt"
+# What is linked into the programs, and where the build machine keeps its terms.
+NOTICES = {"nlohmann-json": "nlohmann-json3-dev", "mingw-w64": "mingw-w64-common", "gcc": "gcc-mingw-w64-base"}
+TOOL = "i686-w64-mingw32-"
+
+
+def run(*command):
+    subprocess.run([str(part) for part in command], check=True)
+
+
+def undate(image):
+    """Takes the time of day out of an image that the binary tools have written, and sums it up again."""
+    data = bytearray(image.read_bytes())
+    header = struct.unpack_from("<I", data, 0x3C)[0]
+    struct.pack_into("<I", data, header + 8, 0)
+    struct.pack_into("<I", data, header + 0x58, 0)
+    words = sum(memoryview(data + bytes(len(data) % 2)).cast("H"))
+    while words >> 16:
+        words = (words & 0xFFFF) + (words >> 16)
+    struct.pack_into("<I", data, header + 0x58, words + len(data))
+    image.write_bytes(data)
+
+
+def strip(source, target, symbols):
+    """Copies a program without its symbols; `symbols`, where given, is the folder of the file that keeps them."""
+    target.parent.mkdir(parents=True, exist_ok=True)
+    run(TOOL + "strip", "--strip-all", "-o", target, source)
+    if symbols:
+        symbols.mkdir(parents=True, exist_ok=True)
+        debug = symbols / f"{source.name}.debug"
+        run(TOOL + "objcopy", "--only-keep-debug", source, debug)
+        undate(debug)
+        run(TOOL + "objcopy", f"--add-gnu-debuglink={debug}", target)
+    undate(target)
+
+
+def copy_tree(source, target, wanted=lambda path: True):
+    for path in sorted(source.rglob("*")):
+        if path.is_file() and wanted(path) and "__pycache__" not in path.parts:
+            place = target / path.relative_to(source)
+            place.parent.mkdir(parents=True, exist_ok=True)
+            shutil.copyfile(path, place)
+
+
+def sign(*files):
+    """Hands each file to the command that SAV_SIGN names, as its last argument."""
+    command = os.environ.get("SAV_SIGN")
+    for path in files if command else ():
+        run("bash", "-c", f'{command} "$1"', "sign", path)
+
+
+def write_sums(folder, target):
+    lines = [f"{hashlib.sha256(path.read_bytes()).hexdigest()}  {path.relative_to(folder).as_posix()}\n"
+             for path in sorted(folder.rglob("*")) if path.is_file() and path != target]
+    target.write_text("".join(lines), encoding="utf-8")
+
+
+def fill(root, build, folder, symbols):
+    """Fills `folder` for the packages and `symbols` with the symbol files."""
+    for name in PROGRAMS:
+        strip(build / "bin" / name, folder / name, symbols if name in WITH_SYMBOL_FILE else None)
+    for name in EXAMPLES:
+        strip(build / "bin" / name, folder / "exemples" / "bin" / name, None)
+    # Without registration a program finds the library beside itself.
+    shutil.copyfile(folder / PROGRAMS[0], folder / "exemples" / "bin" / PROGRAMS[0])
+    sign(*(folder / name for name in PROGRAMS), *sorted((folder / "exemples" / "bin").iterdir()))
+
+    shutil.copyfile(build / "help" / "VelmoSAV_DLL14.chm", folder / "VelmoSAV_DLL14.chm")
+    shutil.copyfile(root / "packaging" / "LISEZMOI.txt", folder / "LISEZMOI.txt")
+    contract = folder / "contrat"
+    contract.mkdir()
+    for name in ("VelmoSAV_DLL14.tlb", "VelmoSAV_DLL14.manifest", "include/VelmoSAV_DLL14.h"):
+        source = build / "interface" / name
+        shutil.copyfile(source, contract / source.name)
+    copy_tree(root / "interface", contract / "idl", lambda path: path.suffix in (".idl", ".def"))
+    copy_tree(root / "examples", folder / "exemples", lambda path: path.name != "capture.sh")
+    copy_tree(root / "examples" / "facturation" / "donnees", folder / "exemples" / "bin" / "donnees")
+    copy_tree(root / "docs", folder / "documentation")
+    (folder / "licences").mkdir()
+    for name, package in NOTICES.items():
+        shutil.copyfile(f"/usr/share/doc/{package}/copyright", folder / "licences" / f"{name}.txt")
+    write_sums(folder, folder / SUMS)
