@@ -213,6 +213,10 @@ def check_same_bytes(root, copy, packages, others):
     for path in ("build/release/interface/VelmoSAV_DLL14.tlb", "build/release/package/contents/VelmoSAV_DLL14.dll"):
         require((root / path).read_bytes() == (copy / path).read_bytes(), f"{path}: two builds differ")
     for kind in ("zip", "symbols"):
+        with zipfile.ZipFile(packages[kind]) as one, zipfile.ZipFile(others[kind]) as other:
+            require(one.namelist() == other.namelist(), f"{packages[kind].name}: two builds hold other files")
+            differing = [name for name in one.namelist() if one.read(name) != other.read(name)]
+            require(not differing, f"{packages[kind].name}: two builds differ in {differing}")
         require(packages[kind].read_bytes() == others[kind].read_bytes(), f"{packages[kind].name}: two builds differ")
 
 

@@ -80,9 +80,11 @@ def fill(root, build, folder, symbols):
     shutil.copyfile(root / "packaging" / "LISEZMOI.txt", folder / "LISEZMOI.txt")
     contract = folder / "contrat"
     contract.mkdir()
-    for name in ("VelmoSAV_DLL14.tlb", "VelmoSAV_DLL14.manifest", "include/VelmoSAV_DLL14.h"):
-        source = build / "interface" / name
-        shutil.copyfile(source, contract / source.name)
+    for name in ("VelmoSAV_DLL14.tlb", "VelmoSAV_DLL14.manifest"):
+        shutil.copyfile(build / "interface" / name, contract / name)
+    # The compiler of the contract names its source with the folder of the build.
+    header = (build / "interface" / "include" / "VelmoSAV_DLL14.h").read_text(encoding="utf-8")
+    (contract / "VelmoSAV_DLL14.h").write_text(header.replace(f"{build}/interface/cp1252/", ""), encoding="utf-8")
     copy_tree(root / "interface", contract / "idl", lambda path: path.suffix in (".idl", ".def"))
     copy_tree(root / "examples", folder / "exemples", lambda path: path.name != "capture.sh")
     copy_tree(root / "examples" / "facturation" / "donnees", folder / "exemples" / "bin" / "donnees")
