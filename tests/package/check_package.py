@@ -28,6 +28,11 @@ def windows_path(path):
     return "Z:" + str(path).replace("/", "\\")
 
 
+def disk_path(path):
+    """Of a file on the prefix's own disk."""
+    return "C:" + str(path).split("drive_c")[1].replace("/", "\\")
+
+
 class Failed(Exception):
     pass
 
@@ -35,6 +40,12 @@ class Failed(Exception):
 def require(condition, text):
     if not condition:
         raise Failed(text)
+
+
+def require_same(found, expected, text):
+    wrong = [(key, found.get(key), expected.get(key)) for key in sorted(found.keys() | expected.keys())
+             if found.get(key) != expected.get(key)]
+    require(not wrong, f"{text}; key, found, expected: {wrong[:4]} ({len(wrong)} in all)")
 
 
 class FreshPrefix(PrivateRegistry):
@@ -46,8 +57,10 @@ class FreshPrefix(PrivateRegistry):
         self.environment = {**os.environ, "WINEPREFIX": self.folder.name, "WINEARCH": "win32", "WINEDEBUG": "-all",
                             "WINEDLLOVERRIDES": "winedbg.exe=d;mscoree,mshtml=", "LC_ALL": "fr_FR.UTF-8"}
         self.must("wineboot", "-i")
-        # Whatever the system's own services write at their first use is there before the comparison.
-        self.run("msiexec", "/?")
+        # The script host registers its own objects when it first runs.
+        script = self.path / "vide.vbs"
+        script.write_text("WScript.Echo 1\r\n")
+        self.must("cscript", "//nologo", windows_path(script))
         self.before = self.state()
 
     def __enter__(self):
@@ -113,7 +126,7 @@ def check_installer_for_the_machine(packages, older):
 
         prefix.must(windows_path(packages["installer"]), "/S", "/AllUsers")
         prefix.diagnose(folder / "sav-diagnostic.exe", packages["version"])
-        require(new_keys(prefix, MACHINE, "registry, machine") == registered, "an identifier changed by the update")
+        require_same(new_keys(prefix, MACHINE, "registry, machine"), registered, "an identifier changed by the update")
         prefix.run_script(folder / "exemples" / "scripts" / "demo.vbs")
 
         code, _ = prefix.run(windows_path(packages["installer"]), "/S", "/CurrentUser")
@@ -122,10 +135,10 @@ def check_installer_for_the_machine(packages, older):
 
         # What the installer writes is what the library itself registers, no more and no less.
         for name in ("VelmoSAV_DLL14.dll", "ApiPopupMenu.dll"):
-            prefix.must("regsvr32", "/s", windows_path(folder / name))
-        require(new_keys(prefix, MACHINE, "registry, machine") == registered, "regsvr32 registers something else")
+            prefix.must("regsvr32", "/s", disk_path(folder / name))
+        require_same(new_keys(prefix, MACHINE, "registry, machine"), registered, "regsvr32 registers something else")
         for name in ("VelmoSAV_DLL14.dll", "ApiPopupMenu.dll"):
-            prefix.must("regsvr32", "/s", "/u", windows_path(folder / name))
+            prefix.must("regsvr32", "/s", "/u", disk_path(folder / name))
         left = new_keys(prefix, MACHINE, "registry, machine")
         require(not left, f"the installer registers more than regsvr32: {sorted(left)[:8]}")
 
@@ -139,8 +152,7 @@ def uninstall(prefix, uninstaller):
     # Run in place: the copy that an uninstaller makes of itself would outlive the command.
     copy = prefix.path / "desinstaller.exe"
     shutil.copyfile(uninstaller, copy)
-    target = "C:" + str(uninstaller.parent).split("drive_c")[1].replace("/", "\\")
-    prefix.must(windows_path(copy), "/S", f"_?={target}")
+    prefix.must(windows_path(copy), "/S", f"_?={disk_path(uninstaller.parent)}")
     copy.unlink()
 
 
