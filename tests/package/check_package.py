@@ -12,6 +12,7 @@ import shutil
 import subprocess
 import sys
 import tempfile
+import time
 import zipfile
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "examples"))
@@ -20,6 +21,7 @@ from package.archive import commit_date  # noqa: E402
 from private_registry import PrivateRegistry  # noqa: E402
 
 OLDER = "13.9.0"
+UNINSTALL_LIMIT = 120
 MACHINE, USER = "HKEY_LOCAL_MACHINE\\Software", "HKEY_CURRENT_USER\\Software"
 MACHINE_FOLDER = "drive_c/Program Files/VelmoSAV"
 
@@ -149,11 +151,11 @@ def check_installer_for_the_machine(packages, older):
 
 
 def uninstall(prefix, uninstaller):
-    # Run in place: the copy that an uninstaller makes of itself would outlive the command.
-    copy = prefix.path / "desinstaller.exe"
-    shutil.copyfile(uninstaller, copy)
-    prefix.must(windows_path(copy), "/S", f"_?={disk_path(uninstaller.parent)}")
-    copy.unlink()
+    """An uninstaller runs on from a copy of itself: its folder goes last."""
+    prefix.must(disk_path(uninstaller), "/S")
+    limit = time.monotonic() + UNINSTALL_LIMIT
+    while uninstaller.parent.exists() and time.monotonic() < limit:
+        time.sleep(0.5)
 
 
 def check_installer_for_the_user(packages, machine_keys):
