@@ -77,9 +77,10 @@ class FreshPrefix(PrivateRegistry):
         text = target.read_text("utf-16")
         target.unlink()
         keys = {}
-        for block in text.split("\r\n\r\n") if "\r\n" in text else text.split("\n\n"):
+        for block in text.replace("\r\n", "\n").split("\n\n"):
             lines = block.strip().splitlines()
-            if lines and lines[0].startswith("["):
+            # The system numbers the machine's network cards anew at each start.
+            if lines and lines[0].startswith("[") and "\\NetworkCards" not in lines[0]:
                 keys[lines[0]] = lines[1:]
         return keys
 
