@@ -14,7 +14,7 @@ from package.archive import commit_date, write_zip
 from package.contents import fill, sign, write_sums
 from package.installer import make_installer, script
 from package.managed import make_msi, source
-from package.registration import MENU, library_registration, menu_registration
+from package.registration import MENU, library_registration, menu_class, menu_registration
 
 
 def main(root, build, output):
@@ -37,7 +37,7 @@ def main(root, build, output):
     write_zip(output / f"{name}-symboles.zip", symbols, f"{name}-symboles", date)
     installer, msi = output / f"{name}-installation.exe", output / f"{name}.msi"
     make_installer(work / "installation.nsi", script(version, files, contents, library, menu, MENU, installer))
-    make_msi(work / "installation.wxs", source(version, files, library, menu), contents, msi)
+    make_msi(work / "installation.wxs", source(version, files, library, menu, MENU), menu_class(root), contents, msi)
     sign(installer, msi)
     write_sums(output, output / "SHA256SUMS.txt")
     for path in sorted(output.iterdir()):

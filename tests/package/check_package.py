@@ -18,6 +18,7 @@ import zipfile
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "examples"))
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "tools"))
 from package.archive import commit_date  # noqa: E402
+from package.registration import MENU  # noqa: E402
 from private_registry import PrivateRegistry  # noqa: E402
 
 OLDER = "13.9.0"
@@ -48,6 +49,14 @@ def require_same(found, expected, text):
     wrong = [(key, found.get(key), expected.get(key)) for key in sorted(found.keys() | expected.keys())
              if found.get(key) != expected.get(key)]
     require(not wrong, f"{text}; key, found, expected: {wrong[:4]} ({len(wrong)} in all)")
+
+
+def systems_own(name, after):
+    """The folder of a user's programs, and the empty containers in which Windows Installer keeps its books: made by the
+    system at the first installation, and kept."""
+    if isinstance(after, dict):
+        return "\\Installer" in name and not after[name]
+    return re.fullmatch(r"users/[^/]+/AppData/Local/Programs", name) is not None
 
 
 class FreshPrefix(PrivateRegistry):
@@ -95,7 +104,7 @@ class FreshPrefix(PrivateRegistry):
     def require_as_before(self, what):
         for part, after in self.state().items():
             before = self.before[part]
-            left = sorted(set(after) - set(before))
+            left = sorted(name for name in set(after) - set(before) if not systems_own(name, after))
             gone = sorted(set(before) - set(after))
             require(not left and not gone, f"{what}: {part}: left behind {left[:8]}, gone {gone[:8]}")
             if isinstance(after, dict):
@@ -185,10 +194,37 @@ def check_msi(packages, older, machine_keys):
         prefix.diagnose(folder / "sav-diagnostic.exe", packages["version"])
         keys = new_keys(prefix, MACHINE, "registry, machine")
         for key, values in machine_keys.items():
+            # Windows Installer ends a folder's path with a backslash.
+            if key.endswith("\\helpdir]"):
+                values = [line.replace('VelmoSAV"', 'VelmoSAV\\\\"') for line in values]
             require(keys.get(key) == values, f"MSI: {key}: {keys.get(key)} instead of {values}")
         prefix.run_script(folder / "exemples" / "scripts" / "demo.vbs")
         prefix.must("msiexec", "/x", windows_path(packages["msi"]), "/qn")
         prefix.require_as_before("MSI")
+
+
+def check_menu_of_the_application(packages):
+    """The application's own menu component keeps its name through installation and removal."""
+    with FreshPrefix() as prefix:
+        own = "{EE09B103-97E0-11CF-978F-00A02463E06F}"
+        prefix.must("reg", "add", rf"HKLM\Software\Classes\{MENU}\CLSID", "/ve", "/d", own, "/f")
+        prefix.before = prefix.state()
+        folder = prefix.path / MACHINE_FOLDER
+        prefix.must(windows_path(packages["installer"]), "/S", "/AllUsers")
+        require(len(new_keys(prefix, MACHINE, "registry, machine")) > 31 * 8, "installer: classes not registered")
+        require_owner(prefix, own)
+        uninstall(prefix, folder / "desinstaller.exe")
+        prefix.require_as_before("installer beside the application's menu component")
+        prefix.must("msiexec", "/i", windows_path(packages["msi"]), "/qn")
+        require(len(new_keys(prefix, MACHINE, "registry, machine")) > 31 * 8, "MSI: classes not registered")
+        require_owner(prefix, own)
+        prefix.must("msiexec", "/x", windows_path(packages["msi"]), "/qn")
+        prefix.require_as_before("MSI beside the application's menu component")
+
+
+def require_owner(prefix, own):
+    values = prefix.export(MACHINE + "\\Classes")[f"[{MACHINE}\\Classes\\{MENU}\\CLSID]"]
+    require(values == [f'@="{own}"'], f"the menu's name was taken from the application: {values}")
 
 
 def check_zip(packages):
@@ -261,6 +297,8 @@ def main(root):
         passed("installer for the user: keys, never both, removed whole (the platform here cannot create from them)")
         check_msi(packages, older, keys)
         passed("MSI: update, script host, removed whole")
+        check_menu_of_the_application(packages)
+        passed("the application's own menu component keeps its name")
         check_zip(packages)
         passed("zip: sums, host without registration")
     print(f"{steps} passed, 0 failed")

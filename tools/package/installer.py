@@ -89,6 +89,12 @@ Section Uninstall
   DeleteRegKey SHCTX "Software\Classes\{menu}"
   DeleteRegKey SHCTX "Software\Classes\CLSID\{menu_class}"
   DeleteRegKey SHCTX "${{PRODUCT}}"
+  ; A user's own registry may have had none of these before.
+  DeleteRegKey /ifempty SHCTX "Software\Classes\CLSID"
+  DeleteRegKey /ifempty SHCTX "Software\Classes\Interface"
+  DeleteRegKey /ifempty SHCTX "Software\Classes\TypeLib"
+  DeleteRegKey /ifempty SHCTX "Software\Classes"
+  DeleteRegKey /ifempty SHCTX "Software\Microsoft\Windows\CurrentVersion\Uninstall"
 {deletions}
   Delete "$INSTDIR\installation.ini"
   Delete "$INSTDIR\desinstaller.exe"

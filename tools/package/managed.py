@@ -14,10 +14,10 @@ def identifier(kind, text):
     return f"{kind}_{uuid.uuid5(NAMES, f'{kind} {text}').hex}"
 
 
-def component(name, condition, body):
+def component(name, body):
     guid = str(uuid.uuid5(NAMES, f"component {name}")).upper()
     head = f'<Component Id="{identifier("c", name)}" Guid="{{{guid}}}">'
-    return [head, *([f"<Condition>{condition}</Condition>"] if condition else []), *body, "</Component>"]
+    return [head, *body, "</Component>"]
 
 
 def registry(rows):
@@ -38,7 +38,7 @@ def directories(files, lines):
             name = path.as_posix()
             body = [f'<File Id="{identifier("f", name)}" Name={quoteattr(path.name)} '
                     f'Source={quoteattr(name)} KeyPath="yes" />']
-            lines.extend(component(name, None, body))
+            lines.extend(component(name, body))
         below = {path.parents[len(path.parents) - 2 - len(parent.parts)] for path in files
                  if len(path.parts) > len(parent.parts) + 1 and (not parent.parts or parent in path.parents)}
         for child in sorted(below):
@@ -48,7 +48,19 @@ def directories(files, lines):
     walk(type(files[0])())
 
 
-def source(version, files, library, menu):
+def searches(first, menu_prog_id):
+    """What the registry held before: the menu's owner, and a registration of the present user."""
+    return [
+        f'<Property Id="MENUOWNER"><RegistrySearch Id="menu_owner" Root="HKCR" Key="{menu_prog_id}\\CLSID" Name="" Type="raw" />'
+        "</Property>",
+        f'<Property Id="USERSERVER"><RegistrySearch Id="user_server" Root="HKCU" '
+        f'Key="Software\\Classes\\{first}\\InprocServer32" Name="" Type="raw" /></Property>',
+        '<Condition Message="VelmoSAV est déjà inscrit pour l\'utilisateur : retirez d\'abord cette installation.">'
+        "Installed OR NOT USERSERVER</Condition>",
+    ]
+
+
+def source(version, files, library, menu, menu_prog_id):
     product = str(uuid.uuid5(NAMES, f"product {version}")).upper()
     lines = [
         '<?xml version="1.0" encoding="utf-8"?>',
@@ -59,12 +71,13 @@ def source(version, files, library, menu):
         'SummaryCodepage="1252" />',
         '<MajorUpgrade DowngradeErrorMessage="Une version plus récente de VelmoSAV est déjà installée." />',
         '<Media Id="1" Cabinet="velmosav.cab" EmbedCab="yes" />',
+        *searches(library.trees[0], menu_prog_id),
         '<Directory Id="TARGETDIR" Name="SourceDir"><Directory Id="ProgramFilesFolder">'
         '<Directory Id="INSTALLDIR" Name="VelmoSAV">',
     ]
     directories(files, lines)
-    lines += component("registration", None, registry(library.rows))
-    lines += component("menu registration", None, registry(menu.rows))
+    lines += component("registration", registry(library.rows))
+    lines += component("menu registration", registry(menu.rows))
     lines += ["</Directory></Directory></Directory>",
               '<Feature Id="Tout" Title="VelmoSAV" Level="1">']
     names = [path.as_posix() for path in files] + ["registration", "menu registration"]
@@ -73,7 +86,10 @@ def source(version, files, library, menu):
     return "\n".join(lines) + "\n"
 
 
-def make_msi(wxs, text, folder, output):
-    """The compiler takes the files' paths below the folder where it runs."""
+def make_msi(wxs, text, menu_class, folder, output):
+    """The compiler takes the files' paths below the folder where it runs, and knows no conditions of components."""
     wxs.write_text(text, encoding="utf-8")
     subprocess.run(["wixl", "--arch", "x86", "-o", str(output), str(wxs)], check=True, cwd=folder)
+    condition = f'NOT MENUOWNER OR MENUOWNER = "{menu_class}"'
+    query = f"UPDATE `Component` SET `Condition` = '{condition}' WHERE `Component` = '{identifier('c', 'menu registration')}'"
+    subprocess.run(["msibuild", str(output), "-q", query], check=True)
