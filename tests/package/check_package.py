@@ -108,7 +108,7 @@ class FreshPrefix(PrivateRegistry):
             gone = sorted(set(before) - set(after))
             require(not left and not gone, f"{what}: {part}: left behind {left[:8]}, gone {gone[:8]}")
             if isinstance(after, dict):
-                changed = [key for key in after if after[key] != before[key]]
+                changed = [key for key in before if after[key] != before[key]]
                 require(not changed, f"{what}: {part}: changed {changed[:8]}")
 
     def diagnose(self, program, version):

@@ -89,12 +89,14 @@ Section Uninstall
   DeleteRegKey SHCTX "Software\Classes\{menu}"
   DeleteRegKey SHCTX "Software\Classes\CLSID\{menu_class}"
   DeleteRegKey SHCTX "${{PRODUCT}}"
-  ; A user's own registry may have had none of these before.
+  ; A user's own registry may have had none of these before; the machine's always has.
+  StrCmp $MultiUser.InstallMode "CurrentUser" 0 deleted
   DeleteRegKey /ifempty SHCTX "Software\Classes\CLSID"
   DeleteRegKey /ifempty SHCTX "Software\Classes\Interface"
   DeleteRegKey /ifempty SHCTX "Software\Classes\TypeLib"
   DeleteRegKey /ifempty SHCTX "Software\Classes"
   DeleteRegKey /ifempty SHCTX "Software\Microsoft\Windows\CurrentVersion\Uninstall"
+deleted:
 {deletions}
   Delete "$INSTDIR\installation.ini"
   Delete "$INSTDIR\desinstaller.exe"
