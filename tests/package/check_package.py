@@ -52,11 +52,11 @@ def require_same(found, expected, text):
 
 
 def systems_own(name, after):
-    """The folder of a user's programs, and the empty containers in which Windows Installer keeps its books: made by the
+    """The folder of a user's programs, and the emptied containers in which Windows Installer keeps its books: made by the
     system at the first installation, and kept."""
     if isinstance(after, dict):
         return "\\Installer" in name and not after[name]
-    return re.fullmatch(r"users/[^/]+/AppData/Local/Programs", name) is not None
+    return re.fullmatch(r"users/[^/]+/AppData/Local/Programs|windows/Installer", name) is not None
 
 
 class FreshPrefix(PrivateRegistry):
