@@ -136,6 +136,7 @@ constexpr LSTATUS kNoMemory = ERROR_OUTOFMEMORY;  // what HRESULT_FROM_WIN32 tur
 // Every import of the DLL that allocates, with the answer that says so.
 #define REFUSABLE_FUNCTIONS(FUNCTION)                \
   FUNCTION(SysAllocStringLen, nullptr)               \
+  FUNCTION(SysReAllocStringLen, FALSE)               \
   FUNCTION(SafeArrayCreate, nullptr)                 \
   FUNCTION(SafeArrayCreateEx, nullptr)               \
   FUNCTION(SafeArrayCreateVector, nullptr)           \
