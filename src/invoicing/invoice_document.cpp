@@ -42,9 +42,9 @@ bool starts_with(std::wstring_view text, std::wstring_view start) {
   return text.substr(0, start.size()) == start;
 }
 
-/// Drops everything up to and including `mark`.
-std::wstring_view after(std::wstring_view text, std::wstring_view mark) {
-  const std::size_t place = text.find(mark);
+/// Drops `start`, which begins the text, and everything up to and including the `mark` behind it.
+std::wstring_view after(std::wstring_view text, std::wstring_view start, std::wstring_view mark) {
+  const std::size_t place = text.find(mark, start.size());
   return place == std::wstring_view::npos ? std::wstring_view() : text.substr(place + mark.size());
 }
 
@@ -56,9 +56,9 @@ bool declares_document_type(std::wstring_view text) {
     if (start == std::wstring_view::npos) return false;
     text.remove_prefix(start);
     if (starts_with(text, L"<?")) {
-      text = after(text, L"?>");
+      text = after(text, L"<?", L"?>");
     } else if (starts_with(text, L"<!--")) {
-      text = after(text, L"-->");
+      text = after(text, L"<!--", L"-->");
     } else {
       return starts_with(text, L"<!");
     }

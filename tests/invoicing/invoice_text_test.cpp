@@ -70,8 +70,17 @@ TEST_F(InvoiceText, IsEmptyForATextWithADocumentTypeDeclaration) {
   EXPECT_EQ(L"", added_to(L"<?xml version=\"1.0\"?><!-- a > b --><!DOCTYPE INVOICE><INVOICE/>"));
 }
 
+/// The hyphens that open a comment do not close it: the declaration stands behind the whole comment.
+TEST_F(InvoiceText, IsEmptyForADocumentTypeDeclarationBehindACommentThatBeginsLikeAnEnd) {
+  for (const wchar_t* comment : {L"<!--><a-->", L"<!---><a-->"}) {
+    const std::wstring declared = std::wstring(comment) + L"<!DOCTYPE INVOICE [<!ENTITY e \"x\">]>";
+    EXPECT_EQ(L"", added_to((declared + L"<INVOICE>&e;</INVOICE>").c_str())) << host::utf8(comment);
+  }
+}
+
 TEST_F(InvoiceText, MayMentionADocumentTypeDeclarationInACommentOrAText) {
   EXPECT_NE(L"", added_to(L"<!-- <!DOCTYPE INVOICE> --><INVOICE/>"));
+  EXPECT_NE(L"", added_to(L"<!--><!DOCTYPE INVOICE>--><INVOICE/>"));
   const auto invoice = host::parse_xml(added_to(L"<INVOICE><NOTE><![CDATA[<!DOCTYPE a>]]></NOTE></INVOICE>"));
   EXPECT_EQ(L"<!DOCTYPE a>", invoice.child(L"NOTE").text);
 }
