@@ -1,9 +1,9 @@
 #include "memory/figures.h"
 
 #include <cstdio>
+#include <cstdlib>
 #include <set>
 
-#include "frame/library.h"
 #include "memory/catalogue.h"
 
 namespace host {
@@ -15,9 +15,9 @@ class FiguresFile : public ::testing::Environment {
   void TearDown() override {
     const auto& run = *::testing::UnitTest::GetInstance();
     if (run.test_to_run_count() != run.total_test_count() || !run.Passed()) return;
-    const std::wstring folder = library_folder() + L"\\..\\..\\reliability";
-    CreateDirectoryW(folder.c_str(), nullptr);
-    std::FILE* const file = _wfopen((folder + L"\\20-memory.json").c_str(), L"wb");
+    const char* const folder = std::getenv("SAV_RELIABILITY");
+    std::FILE* const file =
+        std::fopen(((folder ? std::string(folder) + "/" : "") + "20-memory.json").c_str(), "wb");
     ASSERT_NE(nullptr, file);
     write(file);
     std::fclose(file);
