@@ -2,6 +2,8 @@
 
 #include <limits>
 
+#include "automation/fault.h"
+
 namespace velmosav {
 
 std::optional<long> upper_bound(const SAFEARRAY* array, unsigned dimension) noexcept {

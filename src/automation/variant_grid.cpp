@@ -1,6 +1,7 @@
 #include "automation/variant_grid.h"
 
 #include "automation/array.h"
+#include "automation/fault.h"
 
 namespace velmosav {
 namespace {

@@ -1,9 +1,9 @@
 #include "contracts/billing_schedule.h"
 
-#include "automation/array.h"
 #include "automation/date_text.h"
 #include "automation/number_text.h"
 #include "contracts/contract_interventions.h"
+#include "records/array_view.h"
 #include "records/record.h"
 #include "records/record_array.h"
 

@@ -1,8 +1,8 @@
 #include "contracts/contract_amounts.h"
 
 #include "amounts/amount_arithmetic.h"
-#include "automation/array.h"
 #include "constants/constant_sets.h"
+#include "records/array_view.h"
 
 namespace velmosav {
 namespace {

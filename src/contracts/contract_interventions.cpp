@@ -1,8 +1,8 @@
 #include "contracts/contract_interventions.h"
 
-#include "automation/array.h"
 #include "automation/text.h"
 #include "automation/variant.h"
+#include "records/array_view.h"
 #include "records/record_array.h"
 
 namespace velmosav {

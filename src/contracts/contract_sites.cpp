@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "automation/array.h"
 #include "automation/variant.h"
+#include "records/array_view.h"
 
 namespace velmosav {
 namespace {

@@ -3,12 +3,12 @@
 #include <unordered_map>
 #include <unordered_set>
 
-#include "automation/array.h"
 #include "automation/date_text.h"
 #include "automation/text.h"
 #include "contracts/contract_interventions.h"
 #include "dates/calendar.h"
 #include "dates/duration_units.h"
+#include "records/array_view.h"
 
 namespace velmosav {
 namespace {

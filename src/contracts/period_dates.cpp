@@ -4,10 +4,10 @@
 #include <utility>
 #include <vector>
 
-#include "automation/array.h"
 #include "automation/date_text.h"
 #include "contracts/billing_schedule.h"
 #include "dates/duration_units.h"
+#include "records/array_view.h"
 
 namespace velmosav {
 namespace {

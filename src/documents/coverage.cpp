@@ -3,8 +3,8 @@
 #include <cmath>
 #include <cstring>
 
-#include "automation/array.h"
 #include "automation/text.h"
+#include "records/array_view.h"
 #include "records/record.h"
 #include "records/record_array.h"
 

@@ -3,10 +3,10 @@
 #include <cmath>
 #include <utility>
 
-#include "automation/array.h"
 #include "automation/date_text.h"
 #include "automation/text.h"
 #include "constants/constant_sets.h"
+#include "records/array_view.h"
 #include "records/record_array.h"
 
 namespace velmosav {

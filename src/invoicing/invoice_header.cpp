@@ -1,9 +1,9 @@
 #include "invoicing/invoice_header.h"
 
-#include "automation/array.h"
 #include "automation/number_text.h"
 #include "companion/companion.h"
 #include "invoicing/invoice_document.h"
+#include "records/array_view.h"
 
 namespace velmosav {
 namespace {

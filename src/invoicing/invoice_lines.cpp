@@ -3,11 +3,11 @@
 #include <iterator>
 #include <string>
 
-#include "automation/array.h"
 #include "automation/date_text.h"
 #include "automation/number_text.h"
 #include "companion/companion.h"
 #include "invoicing/invoice_rows.h"
+#include "records/array_view.h"
 
 namespace velmosav {
 namespace {

@@ -1,7 +1,10 @@
 #include "records/record_array.h"
 
+#include <optional>
 #include <utility>
 
+#include "automation/com_ptr.h"
+#include "automation/fault.h"
 #include "records/record.h"
 #include "records/record_info.h"
 
@@ -41,16 +44,25 @@ void destroy_cleared(SAFEARRAY* array) noexcept {
   SafeArrayDestroy(array);
 }
 
+/// What records an array holds, by its own description; nothing for an array without one.
+std::optional<GUID> described_record(const SAFEARRAY* array) noexcept {
+  ComPtr<IRecordInfo> info;
+  GUID id;
+  if (!(array->fFeatures & FADF_RECORD) ||
+      FAILED(SafeArrayGetRecordInfo(const_cast<SAFEARRAY*>(array), info.receive())) || !info ||
+      FAILED(info->GetGuid(&id))) {
+    return std::nullopt;
+  }
+  return id;
+}
+
 /// The table of the records that an array holds: by its own description when it has one. Null for elements of
 /// another kind.
-const RecordLayout* records_in(SAFEARRAY* array, const RecordLayout* expected) noexcept {
+const RecordLayout* records_in(const SAFEARRAY* array, const RecordLayout* expected) noexcept {
   if (!array->pvData || !may_hold(array, VT_RECORD)) return nullptr;
   if (array->fFeatures & FADF_RECORD) {
-    ComPtr<IRecordInfo> info;
-    GUID id;
-    if (FAILED(SafeArrayGetRecordInfo(array, info.receive())) || !info || FAILED(info->GetGuid(&id)))
-      return nullptr;
-    expected = layout_by_id(id);
+    const auto id = described_record(array);
+    expected = id ? layout_by_id(*id) : nullptr;
   }
   return expected && array->cbElements == expected->size ? expected : nullptr;
 }
@@ -63,10 +75,6 @@ VARTYPE type_of(PlainElement kind) noexcept {
 
 unsigned size_of(PlainElement kind) noexcept {
   return kind == PlainElement::Variant ? sizeof(VARIANT) : sizeof(void*);
-}
-
-bool holds(const SAFEARRAY* array, PlainElement kind) noexcept {
-  return array->cbElements == size_of(kind) && may_hold(array, type_of(kind));
 }
 
 void clear_plain_elements(SAFEARRAY* array, PlainElement kind) noexcept {
@@ -90,6 +98,15 @@ void require_unlocked_elements(SAFEARRAY* array, const RecordLayout& layout, uns
 
 }  // namespace
 
+bool may_hold(const SAFEARRAY* array, const RecordLayout& layout) noexcept {
+  if (array->cbElements != layout.size || !may_hold(array, VT_RECORD)) return false;
+  return !(array->fFeatures & FADF_RECORD) || described_record(array) == layout.id;
+}
+
+bool may_hold(const SAFEARRAY* array, PlainElement kind) noexcept {
+  return array->cbElements == size_of(kind) && may_hold(array, type_of(kind));
+}
+
 void require_unlocked(SAFEARRAY* array, const RecordLayout* expected) {
   require_resizable(array);
   if (!array) return;
@@ -100,13 +117,13 @@ void require_unlocked(SAFEARRAY* array, const RecordLayout* expected) {
 
 void require_erasable(SAFEARRAY* array, const RecordLayout& layout) {
   require_resizable(array);
-  if (array && array->pvData && records_in(array, &layout) != &layout) raise(Fault::TypeMismatch);
+  if (array && array->pvData && !may_hold(array, layout)) raise(Fault::TypeMismatch);
   require_unlocked(array, &layout);
 }
 
 void require_erasable(SAFEARRAY* array, PlainElement kind) {
   require_resizable(array);
-  if (array && array->pvData && !holds(array, kind)) raise(Fault::TypeMismatch);
+  if (array && array->pvData && !may_hold(array, kind)) raise(Fault::TypeMismatch);
 }
 
 void destroy_record_array(SAFEARRAY* array, const RecordLayout& layout) noexcept {
@@ -119,7 +136,7 @@ void destroy_record_array(SAFEARRAY* array, const RecordLayout& layout) noexcept
 
 void destroy_plain_array(SAFEARRAY* array, PlainElement kind) noexcept {
   if (!array) return;
-  if (holds(array, kind)) {
+  if (may_hold(array, kind)) {
     clear_plain_elements(array, kind);
   } else if (const RecordLayout* held = records_in(array, nullptr)) {
     clear_elements(array, *held, 0, element_count(array));
@@ -146,7 +163,7 @@ void redim_preserve(SAFEARRAY*& array, const RecordLayout& layout, long upper) {
     return;
   }
   if (array->cDims != 1 || array->rgsabound[0].lLbound != 0) raise(Fault::SubscriptOutOfRange);
-  if (records_in(array, &layout) != &layout) raise(Fault::TypeMismatch);
+  if (!may_hold(array, layout)) raise(Fault::TypeMismatch);
   require_resizable(array);
   SAFEARRAYBOUND& bound = array->rgsabound[0];
   const auto wanted = static_cast<ULONG>(upper) + 1;

@@ -11,6 +11,20 @@ namespace velmosav {
 /// What an array of plain elements holds.
 enum class PlainElement { Text, Object, Variant };
 
+/// False when the elements have another size, or when the array says itself that they are of another type or
+/// records of another kind.
+bool may_hold(const SAFEARRAY* array, const RecordLayout& layout) noexcept;
+bool may_hold(const SAFEARRAY* array, PlainElement kind) noexcept;
+
+template <class Element>
+bool may_hold(const SAFEARRAY* array) noexcept {
+  if constexpr (std::is_same_v<Element, VARIANT>) {
+    return may_hold(array, PlainElement::Variant);
+  } else {
+    return may_hold(array, layout_of<Element>());
+  }
+}
+
 /// Fault 10 when the array, or one inside its elements, is locked or of fixed size, 13 for another element
 /// size or when the array says itself that its elements are of another type: what erasing it would raise.
 void require_erasable(SAFEARRAY* array, const RecordLayout& layout);

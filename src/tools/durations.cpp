@@ -5,10 +5,10 @@
 #include <optional>
 #include <string>
 
-#include "automation/array.h"
 #include "automation/attempt.h"
 #include "automation/number_text.h"
 #include "automation/variant.h"
+#include "records/array_view.h"
 
 namespace velmosav {
 namespace {

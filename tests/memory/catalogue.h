@@ -15,6 +15,7 @@
 #include <string>
 #include <vector>
 
+#include "automation/fault.h"
 #include "memory/watch.h"
 #include "support/arguments.h"
 #include "support/fake_object.h"

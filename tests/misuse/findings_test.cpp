@@ -17,6 +17,7 @@ using host::Outcome;
 using host::Record;
 using host::Text;
 using host::Variant;
+using velmosav::RecordLayout;
 
 VARIANT reference_to_nothing(VARTYPE type) {
   VARIANT value;
@@ -29,7 +30,6 @@ VARIANT reference_to_nothing(VARTYPE type) {
 SAFEARRAY* typed_array(VARTYPE type, ULONG count) { return SafeArrayCreateVector(type, 0, count); }
 
 // --- references to nothing
-// -------------------------------------------------------------------------------------
 
 TEST(MisuseFindings, AReferenceToNothing_AsAValue_IsATypeFault) {
   const auto outil = create<_Outil>(L"Outil");
@@ -67,7 +67,6 @@ TEST(MisuseFindings, AReferenceToNothing_InAGrid_IsATypeFault) {
 }
 
 // --- records where a value is awaited
-// --------------------------------------------------------------------------
 
 class RecordAsValue : public ::testing::Test {
  protected:
@@ -99,7 +98,6 @@ TEST_F(RecordAsValue, AsAVariableToFill_IsATypeFaultAndStays) {
 }
 
 // --- arrays that say that they are of another type
-// -------------------------------------------------------------
 
 TEST(MisuseFindings, TextsInTheArrayOfDevices_AreATypeFaultAndStay) {
   const auto orders = create<_Bon>(L"Bon");
@@ -134,8 +132,29 @@ TEST(MisuseFindings, VariantsInAnArrayOfRecordsOfTheSameSize_AreATypeFault) {
   EXPECT_TRUE(is_fault(orders->RazDocInt(order, VARIANT_TRUE), 13, L"Bon"));
 }
 
+TEST(MisuseFindings, RecordsOfAnotherKindAndTheSameSize_AreATypeFaultAndStay) {
+  const auto documents = create<_ContratDoc>(L"ContratDoc");
+  const RecordLayout& right = velmosav::layout_of<Type_CadencierInterv>();
+  unsigned others = 0;
+  for (const RecordLayout* other : velmosav::all_layouts()) {
+    if (other->size != right.size || other == &right) continue;
+    ++others;
+    Record<Type_Contrat> contract;
+    host::dimension<Type_Intervention>(contract->TabInterv, 1);
+    const auto info = host::record_info(other->id);
+    SAFEARRAYBOUND bound{1, 0};
+    contract->TabCadInterv = SafeArrayCreateEx(VT_RECORD, 1, &bound, info.get());
+    ASSERT_NE(nullptr, contract->TabCadInterv);
+    const auto before = host::snapshot(*contract);
+    VARIANT_BOOL modifiable = VARIANT_FALSE;
+    EXPECT_TRUE(is_fault(documents->IsInfosIntervModifiable(contract, missing().get(), &modifiable), 13,
+                         L"ContratDoc"));
+    EXPECT_EQ(std::vector<std::string>(), host::differences(*before, *contract)) << other->name;
+  }
+  EXPECT_NE(0u, others);
+}
+
 // --- nested arrays
-// ---------------------------------------------------------------------------------------------
 
 TEST(MisuseFindings, ObjectsInsideAnErasedIntervention_AreReleased) {
   const auto documents = create<_ContratDoc>(L"ContratDoc");
@@ -179,7 +198,6 @@ TEST(MisuseFindings, ALockedArrayInAVariableToFill_IsALockFaultAndStays) {
 }
 
 // --- objects of the host
-// ---------------------------------------------------------------------------------------
 
 TEST(MisuseFindings, AnObjectThatTheHostDropsDuringTheCall_IsHeldToItsEnd) {
   const auto outil = create<_Outil>(L"Outil");
