@@ -48,9 +48,10 @@ class OddMenu final : public IClassFactory {
 }  // namespace
 
 CampaignResult run(const Campaign& campaign) {
-  ledger::open();
   const Surroundings surroundings;
   OddMenu menu;
+  // After what lives as long as the run: the platform looks for each block among all that it has seen.
+  ledger::open();
   CampaignResult result{Findings(classes().size())};
   watch::start(campaign.seed);
   std::uint64_t number = campaign.first;

@@ -6,8 +6,8 @@
 
 namespace misuse::ledger {
 
-/// Begins to keep the ledger; the platform's cache of freed texts is switched off. Once per process, before
-/// the first text.
+/// Begins to keep the ledger; the platform's cache of freed texts is switched off. Once per process; what
+/// lives already is not in it, and must not be freed before the end of the run.
 void open();
 
 /// Size of a living block; 0 when there is none at that address.
