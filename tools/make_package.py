@@ -11,37 +11,41 @@ import shutil
 import sys
 
 from package.archive import commit_date, write_zip
-from package.contents import fill, sign, write_sums
-from package.installer import make_installer, script
-from package.managed import make_msi, source
-from package.registration import MENU, library_registration, menu_class, menu_registration
+from package.contents import fill, write_sums
+from package.installer import make_installer
+from package.managed import make_msi
+from package.registration import library_registration, menu_registration
+from package.signing import sign, signed
+
+
+def empty(folder):
+    shutil.rmtree(folder, ignore_errors=True)
+    folder.mkdir(parents=True)
+    return folder
 
 
 def main(root, build, output):
     version = re.search(r"^VELMOSAV_VERSION:STRING=(.*)$", (build / "CMakeCache.txt").read_text("utf-8"), re.M)[1]
     date = commit_date(root)
-    work = build / "package"
-    for folder in (work, output):
-        shutil.rmtree(folder, ignore_errors=True)
-        folder.mkdir(parents=True)
-    contents, symbols = work / "contents", work / "symbols"
+    work, output = empty(build / "package"), empty(output)
+    contents, symbols, made = work / "contents", work / "symbols", empty(work / "made")
     fill(root, build, contents, symbols)
-    every = sorted(contents.rglob("*"))
-    for path in (contents, *every):
+    for path in (contents, *contents.rglob("*")):
         os.utime(path, (date, date))
-    files = [path.relative_to(contents) for path in every if path.is_file()]
 
     name = f"VelmoSAV-{version}"
     library, menu = library_registration(root), menu_registration(root)
-    write_zip(output / f"{name}.zip", contents, name, date)
-    write_zip(output / f"{name}-symboles.zip", symbols, f"{name}-symboles", date)
-    installer, msi = output / f"{name}-installation.exe", output / f"{name}.msi"
-    make_installer(work / "installation.nsi", script(version, files, contents, library, menu, MENU, installer))
-    make_msi(work / "installation.wxs", source(version, files, library, menu, MENU), menu_class(root), contents, msi)
+    write_zip(made / f"{name}.zip", contents, name, date)
+    write_zip(made / f"{name}-symboles.zip", symbols, f"{name}-symboles", date)
+    installer, msi = made / f"{name}-installation.exe", made / f"{name}.msi"
+    make_installer(root / "packaging" / "installation.nsi", work, contents, version, library, menu, installer, signed())
+    make_msi(work, contents, version, library, menu, msi)
     sign(installer, msi)
-    write_sums(output, output / "SHA256SUMS.txt")
-    for path in sorted(output.iterdir()):
-        print(f"{path.stat().st_size:10}  {path}")
+    write_sums(made, made / "SHA256SUMS.txt")
+    # All of them or none.
+    for path in sorted(made.iterdir()):
+        place = shutil.move(path, output / path.name)
+        print(f"{place.stat().st_size:10}  {place}")
 
 
 if __name__ == "__main__":

@@ -1,17 +1,26 @@
 """The folder of files that every package holds: programs, contract, examples, documents, their sums."""
 
 import hashlib
-import os
 import shutil
 import struct
 import subprocess
 
+from package.documents import copy_documents
+from package.signing import sign
+
 PROGRAMS = ("VelmoSAV_DLL14.dll", "ApiPopupMenu.dll", "sav-diagnostic.exe")
+EXAMPLES_FOLDER = "exemples"
 EXAMPLES = ("facturation.exe", "galerie.exe", "premier_appel.exe", "sans_enregistrement.exe")
 WITH_SYMBOL_FILE = ("VelmoSAV_DLL14.dll", "ApiPopupMenu.dll")
 SUMS = "SHA256SUMS.txt"
-# What is linked into the programs, and where the build machine keeps its terms.
-NOTICES = {"nlohmann-json": "nlohmann-json3-dev", "mingw-w64": "mingw-w64-common", "gcc": "gcc-mingw-w64-base"}
+# The terms of what is linked into the programs, where the build machine keeps them.
+NOTICES = {
+    "gcc.txt": "/usr/share/doc/gcc-mingw-w64-base/copyright",
+    "GPL-3.txt": "/usr/share/common-licenses/GPL-3",
+    "mingw-w64.txt": "/usr/share/doc/mingw-w64-common/copyright",
+    "nlohmann-json.txt": "/usr/share/doc/nlohmann-json3-dev/copyright",
+    "nsis.txt": "/usr/share/doc/nsis/copyright",
+}
 TOOL = "i686-w64-mingw32-"
 
 
@@ -53,13 +62,6 @@ def copy_tree(source, target, wanted=lambda path: True):
             shutil.copyfile(path, place)
 
 
-def sign(*files):
-    """Hands each file to the command that SAV_SIGN names, as its last argument."""
-    command = os.environ.get("SAV_SIGN")
-    for path in files if command else ():
-        run("bash", "-c", f'{command} "$1"', "sign", path)
-
-
 def write_sums(folder, target):
     lines = [f"{hashlib.sha256(path.read_bytes()).hexdigest()}  {path.relative_to(folder).as_posix()}\n"
              for path in sorted(folder.rglob("*")) if path.is_file() and path != target]
@@ -71,10 +73,10 @@ def fill(root, build, folder, symbols):
     for name in PROGRAMS:
         strip(build / "bin" / name, folder / name, symbols if name in WITH_SYMBOL_FILE else None)
     for name in EXAMPLES:
-        strip(build / "bin" / name, folder / "exemples" / "bin" / name, None)
+        strip(build / "bin" / name, folder / EXAMPLES_FOLDER / "bin" / name, None)
     # Without registration a program finds the library beside itself.
-    shutil.copyfile(folder / PROGRAMS[0], folder / "exemples" / "bin" / PROGRAMS[0])
-    sign(*(folder / name for name in PROGRAMS), *sorted((folder / "exemples" / "bin").iterdir()))
+    shutil.copyfile(folder / PROGRAMS[0], folder / EXAMPLES_FOLDER / "bin" / PROGRAMS[0])
+    sign(*(folder / name for name in PROGRAMS), *sorted((folder / EXAMPLES_FOLDER / "bin").iterdir()))
 
     shutil.copyfile(build / "help" / "VelmoSAV_DLL14.chm", folder / "VelmoSAV_DLL14.chm")
     shutil.copyfile(root / "packaging" / "LISEZMOI.txt", folder / "LISEZMOI.txt")
@@ -86,10 +88,12 @@ def fill(root, build, folder, symbols):
     header = (build / "interface" / "include" / "VelmoSAV_DLL14.h").read_text(encoding="utf-8")
     (contract / "VelmoSAV_DLL14.h").write_text(header.replace(f"{build}/interface/cp1252/", ""), encoding="utf-8")
     copy_tree(root / "interface", contract / "idl", lambda path: path.suffix in (".idl", ".def"))
-    copy_tree(root / "examples", folder / "exemples", lambda path: path.name != "capture.sh")
-    copy_tree(root / "examples" / "facturation" / "donnees", folder / "exemples" / "bin" / "donnees")
-    copy_tree(root / "docs", folder / "documentation")
+    copy_tree(root / "examples", folder / EXAMPLES_FOLDER, lambda path: path.name != "capture.sh")
+    shutil.copyfile(root / "packaging" / "exemples.cmake", folder / EXAMPLES_FOLDER / "CMakeLists.txt")
+    copy_tree(root / "examples" / "facturation" / "donnees", folder / EXAMPLES_FOLDER / "bin" / "donnees")
+    copy_documents(root / "docs", folder / "documentation", EXAMPLES_FOLDER)
     (folder / "licences").mkdir()
-    for name, package in NOTICES.items():
-        shutil.copyfile(f"/usr/share/doc/{package}/copyright", folder / "licences" / f"{name}.txt")
+    shutil.copyfile(root / "packaging" / "licences.txt", folder / "licences" / "LISEZMOI.txt")
+    for name, terms in NOTICES.items():
+        shutil.copyfile(terms, folder / "licences" / name)
     write_sums(folder, folder / SUMS)

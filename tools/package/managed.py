@@ -1,13 +1,19 @@
 """The MSI for managed deployment, for the machine."""
 
+import os
 import re
 import subprocess
 import uuid
 from xml.sax.saxutils import quoteattr
 
+from package.registration import MENU
+
 # Never changes: an update finds the version before it by this.
 UPGRADE_CODE = "6D0B1C55-93B4-4C3F-9B7C-2F6D6F0E9D41"
 NAMES = uuid.UUID(UPGRADE_CODE)
+# What the other installer writes for the machine.
+PRODUCT_OF_INSTALLER = r"Software\Microsoft\Windows\CurrentVersion\Uninstall\VelmoSAV"
+MENU_COMPONENT = "menu registration"
 
 
 def identifier(kind, text):
@@ -49,18 +55,25 @@ def directories(files, lines):
 
 
 def searches(first, menu_prog_id):
-    """What the registry held before: the menu's owner, and a registration of the present user."""
-    return [
-        f'<Property Id="MENUOWNER"><RegistrySearch Id="menu_owner" Root="HKCR" Key="{menu_prog_id}\\CLSID" Name="" Type="raw" />'
-        "</Property>",
-        f'<Property Id="USERSERVER"><RegistrySearch Id="user_server" Root="HKCU" '
-        f'Key="Software\\Classes\\{first}\\InprocServer32" Name="" Type="raw" /></Property>',
-        '<Condition Message="VelmoSAV est déjà inscrit pour l\'utilisateur : retirez d\'abord cette installation.">'
-        "Installed OR NOT USERSERVER</Condition>",
+    """What the registry held before: the menu's owner, and what stands in the way."""
+    found = [
+        ("MENUOWNER", "HKCR", rf"{menu_prog_id}\CLSID", ""),
+        ("USERSERVER", "HKCU", rf"Software\Classes\CLSID\{first}\InprocServer32", ""),
+        ("OTHERINSTALLER", "HKLM", PRODUCT_OF_INSTALLER, "UninstallString"),
     ]
+    for name, root, key, value in found:
+        yield (f'<Property Id="{name}"><RegistrySearch Id="{name.lower()}" Root="{root}" Key={quoteattr(key)} '
+               f'Name="{value}" Type="raw" /></Property>')
+    refused = [
+        ("USERSERVER", "VelmoSAV est déjà inscrit pour l'utilisateur : retirez d'abord cette installation."),
+        ("OTHERINSTALLER", "VelmoSAV est déjà installé pour la machine par son installateur : retirez-le d'abord."),
+    ]
+    for name, text in refused:
+        yield f"<Condition Message={quoteattr(text)}>Installed OR NOT {name}</Condition>"
 
 
-def source(version, files, library, menu, menu_prog_id):
+def source(version, files, library, menu):
+    """The installer compiler's source; `files` are relative paths."""
     product = str(uuid.uuid5(NAMES, f"product {version}")).upper()
     lines = [
         '<?xml version="1.0" encoding="utf-8"?>',
@@ -71,25 +84,29 @@ def source(version, files, library, menu, menu_prog_id):
         'SummaryCodepage="1252" />',
         '<MajorUpgrade DowngradeErrorMessage="Une version plus récente de VelmoSAV est déjà installée." />',
         '<Media Id="1" Cabinet="velmosav.cab" EmbedCab="yes" />',
-        *searches(library.trees[0], menu_prog_id),
+        *searches(library.first_class, MENU),
         '<Directory Id="TARGETDIR" Name="SourceDir"><Directory Id="ProgramFilesFolder">'
         '<Directory Id="INSTALLDIR" Name="VelmoSAV">',
     ]
     directories(files, lines)
     lines += component("registration", registry(library.rows))
-    lines += component("menu registration", registry(menu.rows))
-    lines += ["</Directory></Directory></Directory>",
-              '<Feature Id="Tout" Title="VelmoSAV" Level="1">']
-    names = [path.as_posix() for path in files] + ["registration", "menu registration"]
+    lines += component(MENU_COMPONENT, registry(menu.rows))
+    lines += ["</Directory></Directory></Directory>", '<Feature Id="Tout" Title="VelmoSAV" Level="1">']
+    names = [path.as_posix() for path in files] + ["registration", MENU_COMPONENT]
     lines += [f'<ComponentRef Id="{identifier("c", name)}" />' for name in names]
     lines += ["</Feature></Product></Wix>"]
     return "\n".join(lines) + "\n"
 
 
-def make_msi(wxs, text, menu_class, folder, output):
+def make_msi(work, contents, version, library, menu, output):
     """The compiler takes the files' paths below the folder where it runs, and knows no conditions of components."""
-    wxs.write_text(text, encoding="utf-8")
-    subprocess.run(["wixl", "--arch", "x86", "-o", str(output), str(wxs)], check=True, cwd=folder)
-    condition = f'NOT MENUOWNER OR MENUOWNER = "{menu_class}"'
-    query = f"UPDATE `Component` SET `Condition` = '{condition}' WHERE `Component` = '{identifier('c', 'menu registration')}'"
+    files = sorted(path.relative_to(contents) for path in contents.rglob("*") if path.is_file())
+    wxs = work / "installation.wxs"
+    wxs.write_text(source(version, files, library, menu), encoding="utf-8")
+    # What the compiler only complains of makes a file that lacks rows.
+    strict = {**os.environ, "G_DEBUG": "fatal-criticals"}
+    subprocess.run(["wixl", "--arch", "x86", "-o", str(output), str(wxs)], check=True, cwd=contents, env=strict)
+    condition = f'NOT MENUOWNER OR MENUOWNER = "{menu.first_class}"'
+    menu_component = identifier("c", MENU_COMPONENT)
+    query = f"UPDATE `Component` SET `Condition` = '{condition}' WHERE `Component` = '{menu_component}'"
     subprocess.run(["msibuild", str(output), "-q", query], check=True)

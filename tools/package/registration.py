@@ -21,6 +21,11 @@ class Registration:
         self.rows = []
         self.trees = []
 
+    @property
+    def first_class(self):
+        """The identifier of its first class, in braces."""
+        return next(tree for tree in self.trees if tree.startswith("CLSID\\")).removeprefix("CLSID\\")
+
     def add(self, tree, values):
         self.trees.append(tree)
         self.rows += [(f"{tree}\\{key}" if key else tree, name, text) for key, name, text in values]
