@@ -11,8 +11,8 @@ from outcome import require
 OLDER = "13.9.0"
 # A file of the older version alone.
 DROPPED = "exemples/scripts/ancien.vbs"
-# A copy is compiled anew: objects out of a compiler's cache would be compared with themselves.
-CACHE = ("CMAKE_CXX_COMPILER_LAUNCHER", "CMAKE_C_COMPILER_LAUNCHER")
+# Not handed on. A copy is compiled anew: objects out of a compiler's cache would be compared with themselves.
+OWN_SETTINGS = ("CMAKE_CXX_COMPILER_LAUNCHER", "CMAKE_C_COMPILER_LAUNCHER", "SAV_SIGN", "SAV_VERSION", "SAV_PRESET")
 
 
 class Packages:
@@ -43,7 +43,7 @@ def copy_of_tree(root, copy):
 
 def run_package(root, environment):
     """(exit code, output) of `./sav package`."""
-    inherited = {name: text for name, text in os.environ.items() if name not in CACHE}
+    inherited = {name: text for name, text in os.environ.items() if name not in OWN_SETTINGS}
     done = subprocess.run([str(root / "sav"), "package"], env={**inherited, **environment}, stdout=subprocess.PIPE,
                           stderr=subprocess.STDOUT, text=True, check=False)
     return done.returncode, done.stdout
