@@ -1,6 +1,7 @@
 """What the type library cannot say of a class and its methods: interface/help/<Class>.md, read and checked.
 
-A file starts with "# Class" and a text. Each method has a part:
+A file starts with "# Class" and a text. A long one goes on in <Class>.<subject>.md, which has no text of its own. Each
+method has a part:
 
     ## Method
     What it does.
@@ -84,11 +85,11 @@ def unfolded(lines):
     return folded
 
 
-def read_class_help(path):
+def read_class_help(path, help_):
+    """Adds what a file says of the class."""
     lines = unfolded(path.read_text(encoding="utf-8").split("\n"))
-    if lines[0] != f"# {path.stem}":
-        raise ValueError(f"{path.name}: does not start with # {path.stem}")
-    help_ = ClassHelp(path.stem, [], {})
+    if lines[0] != f"# {help_.name}":
+        raise ValueError(f"{path.name}: does not start with # {help_.name}")
     entry, example = None, None
     for line in lines[1:]:
         if example is not None:
@@ -110,7 +111,6 @@ def read_class_help(path):
             add_bullet(entry, match, path.name)
         else:
             entry.text.append(line)
-    return help_
 
 
 def entry_faults(method, entry, known_faults, place):
@@ -165,7 +165,11 @@ def help_faults(contract, helps):
 
 
 def read_helps(root):
-    return {path.stem: read_class_help(path) for path in sorted((root / "interface" / "help").glob("*.md"))}
+    helps = {}
+    for path in sorted((root / "interface" / "help").glob("*.md"), key=lambda path: (path.name.count("."), path)):
+        name = path.name.split(".")[0]
+        read_class_help(path, helps.setdefault(name, ClassHelp(name, [], {})))
+    return helps
 
 
 def variable_of(class_name):
