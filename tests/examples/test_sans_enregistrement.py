@@ -78,7 +78,8 @@ class Manifest(unittest.TestCase):
         self.assertEqual(named, {iid: registered.get(iid) for iid in named})
 
     def test_classes_are_those_that_are_registered(self):
-        named = {entry.get("clsid"): entry.get("progid") for entry in self.root.iterfind("asm:file/asm:comClass", NAMES)}
+        named = {entry.get("clsid"): entry.get("progid")
+                 for entry in self.root.iterfind("asm:file/asm:comClass", NAMES)}
         self.assertEqual(31, len(named))
         registered = self.registered(r"HKCR\CLSID")
         self.assertEqual(named, {clsid: registered.get(clsid) for clsid in named})

@@ -9,6 +9,8 @@ from outcome import require
 from private_registry import PrivateRegistry
 
 MACHINE, USER = "registry, machine", "registry, user"
+# What the system writes anew at its starts: the numbers of network cards, the colours of the display.
+STARTS_WRITE = r"\\NetworkCards|\\Wine\\Temporary System Parameters"
 HIVES = {MACHINE: "HKEY_LOCAL_MACHINE\\Software", USER: "HKEY_CURRENT_USER\\Software"}
 
 
@@ -61,8 +63,7 @@ class FreshPrefix(PrivateRegistry):
         keys = {}
         for block in text.replace("\r\n", "\n").split("\n\n"):
             lines = block.strip().splitlines()
-            # The system numbers the machine's network cards anew at each start.
-            if lines and lines[0].startswith("[") and "\\NetworkCards" not in lines[0]:
+            if lines and lines[0].startswith("[") and not re.search(STARTS_WRITE, lines[0]):
                 keys[lines[0]] = lines[1:]
         return keys
 
