@@ -1,10 +1,9 @@
 #include "atomicity/report.h"
 
 #include <algorithm>
-#include <cstdlib>
-#include <fstream>
 
 #include "support/host.h"
+#include "support/reliability.h"
 
 namespace atomicity {
 namespace {
@@ -18,15 +17,6 @@ struct Row {
 std::vector<Row>& rows() {
   static std::vector<Row> kept;
   return kept;
-}
-
-std::string quoted(const std::string& text) {
-  std::string result = "\"";
-  for (const char letter : text) {
-    if (letter == '"' || letter == '\\') result += '\\';
-    result += letter;
-  }
-  return result + '"';
 }
 
 }  // namespace
@@ -62,23 +52,17 @@ bool was_reported(const Method& method, bool changed) {
 void write_report() {
   std::stable_sort(rows().begin(), rows().end(),
                    [](const Row& left, const Row& right) { return left.method < right.method; });
-  const char* folder = std::getenv("SAV_RELIABILITY");
-  std::ofstream file((folder ? std::string(folder) + "/" : "") + "30-atomicity.json");
-  file << "{\n\"title\": \"Atomicity\",\n\"text\": "
-       << quoted(
-              "What a fault leaves of the host's records, grids, variables and objects. Each row was made "
-              "to happen and everything compared before and after, by test_atomicity. A result is always "
-              "empty after a fault.")
-       << ",\n\"columns\": [\"Class\", \"Method\", \"Fault\", \"Code\", \"What it leaves\"],\n\"rows\": [";
-  const char* separator = "\n";
+  host::ReliabilityPiece piece{
+      "Atomicity",
+      "What a fault leaves of the host's records, grids, variables and objects. Each row was made to happen "
+      "and everything compared before and after, by test_atomicity. A result is always empty after a fault.",
+      {"Class", "Method", "Fault", "Code", "What it leaves"},
+      {}};
   for (const Row& row : rows()) {
-    file << separator << "[" << quoted(host::utf8(row.method->class_name)) << ", "
-         << quoted(host::utf8(row.method->name)) << ", " << quoted(row.fault) << ", " << quoted(row.code)
-         << ", " << quoted(row.changed ? row.method->leaves : "everything unchanged") << "]";
-    separator = ",\n";
+    piece.rows.push_back({host::utf8(row.method->class_name), host::utf8(row.method->name), row.fault,
+                          row.code, row.changed ? row.method->leaves : "everything unchanged"});
   }
-  file << "\n]\n}\n";
-  EXPECT_TRUE(file.good());
+  host::write_piece("30-atomicity", piece);
 }
 
 }  // namespace atomicity

@@ -23,8 +23,7 @@ void report(std::wstring_view class_name, std::wstring_view method, const std::s
 /// Whether any fault of a method was reported; with `changed`, one that left traces.
 bool was_reported(const Method& method, bool changed);
 
-/// Writes the rows, in the order of methods.def, to 30-atomicity.json in the folder that the environment
-/// variable SAV_RELIABILITY names, else in the current one.
+/// Writes the rows, in the order of methods.def, as piece 30-atomicity.
 void write_report();
 
 }  // namespace atomicity
