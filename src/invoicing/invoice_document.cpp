@@ -2,6 +2,7 @@
 
 #include "automation/fault.h"
 #include "automation/variant.h"
+#include "invoicing/invoice_bounds.h"
 
 namespace velmosav {
 namespace {
@@ -38,40 +39,13 @@ ComPtr<IXMLDOMDocument> create_document() {
   return document;
 }
 
-bool starts_with(std::wstring_view text, std::wstring_view start) {
-  return text.substr(0, start.size()) == start;
-}
-
-/// Drops `start`, which begins the text, and everything up to and including the `mark` behind it.
-std::wstring_view after(std::wstring_view text, std::wstring_view start, std::wstring_view mark) {
-  const std::size_t place = text.find(mark, start.size());
-  return place == std::wstring_view::npos ? std::wstring_view() : text.substr(place + mark.size());
-}
-
-/// Whether a document type declaration stands before the root element: the only place where one can stand.
-/// It is refused before the DOM sees it, whatever the DOM's version makes of entities.
-bool declares_document_type(std::wstring_view text) {
-  for (;;) {
-    const std::size_t start = text.find(L'<');
-    if (start == std::wstring_view::npos) return false;
-    text.remove_prefix(start);
-    if (starts_with(text, L"<?")) {
-      text = after(text, L"<?", L"?>");
-    } else if (starts_with(text, L"<!--")) {
-      text = after(text, L"<!--", L"-->");
-    } else {
-      return starts_with(text, L"<!");
-    }
-  }
-}
-
 }  // namespace
 
 InvoiceDocument::InvoiceDocument(const InvoiceXMLLibConstants& names, std::wstring_view xml)
     : names_(names), document_(create_document()) {
   if (xml.empty()) {
     root_ = make_element(names_.m_pc_XInv_INV);
-  } else if (!declares_document_type(xml)) {
+  } else if (keeps_to_bounds(xml)) {
     load(xml);
   }
 }

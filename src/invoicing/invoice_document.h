@@ -1,7 +1,7 @@
 // The XML invoice as an element tree: one INVOICE element, grown call by call. Each call parses the text of
 // the one before into a document of its own and returns the text of the INVOICE element.
 //
-// White space is kept; document type declarations and external entities are refused.
+// White space is kept; a text that does not keep to the bounds counts as one that does not load.
 #pragma once
 
 #include "automation/platform.h"

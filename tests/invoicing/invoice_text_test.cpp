@@ -78,6 +78,25 @@ TEST_F(InvoiceText, IsEmptyForADocumentTypeDeclarationBehindACommentThatBeginsLi
   }
 }
 
+/// The DOM would answer for what stands before, and the rest would be lost.
+TEST_F(InvoiceText, IsEmptyForATextWithANulOrHalfASurrogatePairBehindTheInvoice) {
+  for (const wchar_t odd : {L'\0', L'\xD800', L'\xDC00'}) {
+    const std::wstring xml = std::wstring(L"<INVOICE/>") + odd;
+    EXPECT_EQ(L"", contract_header(contract_, {L"Facture", host::Text(xml), L"FA-1", L""}));
+  }
+}
+
+/// The DOM compares each attribute with all others: ten thousand would take it seconds.
+TEST_F(InvoiceText, IsEmptyForAnElementOfMoreThan256Attributes) {
+  const auto invoice_of = [](int attributes) {
+    std::wstring xml = L"<INVOICE";
+    for (int i = 0; i < attributes; ++i) xml += L" A" + std::to_wstring(i) + L"=\"\"";
+    return xml + L"/>";
+  };
+  EXPECT_NE(L"", added_to(invoice_of(256).c_str()));
+  EXPECT_EQ(L"", added_to(invoice_of(257).c_str()));
+}
+
 TEST_F(InvoiceText, MayMentionADocumentTypeDeclarationInACommentOrAText) {
   EXPECT_NE(L"", added_to(L"<!-- <!DOCTYPE INVOICE> --><INVOICE/>"));
   EXPECT_NE(L"", added_to(L"<!--><!DOCTYPE INVOICE>--><INVOICE/>"));
