@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "support/guard_pages.h"
+#include "support/import_table.h"
 
 namespace host {
 namespace {
@@ -195,36 +196,6 @@ const std::vector<Import>& replaced_imports() {
   return list;
 }
 
-// --- the import table
-// -----------------------------------------------------------------------------------------
-
-/// Calls visit(name, slot) for every import of a module that goes by name.
-template <class Visit>
-void for_each_import(HMODULE module, Visit&& visit) {
-  char* const base = reinterpret_cast<char*>(module);
-  const auto* const headers =
-      reinterpret_cast<IMAGE_NT_HEADERS*>(base + reinterpret_cast<IMAGE_DOS_HEADER*>(base)->e_lfanew);
-  const IMAGE_DATA_DIRECTORY& directory = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
-  for (auto* dll = reinterpret_cast<IMAGE_IMPORT_DESCRIPTOR*>(base + directory.VirtualAddress); dll->Name;
-       ++dll) {
-    const auto* name = reinterpret_cast<IMAGE_THUNK_DATA*>(base + dll->OriginalFirstThunk);
-    auto* slot = reinterpret_cast<void**>(base + dll->FirstThunk);
-    for (; name->u1.AddressOfData; ++name, ++slot) {
-      if (IMAGE_SNAP_BY_ORDINAL(name->u1.Ordinal)) continue;
-      visit(reinterpret_cast<const char*>(
-                reinterpret_cast<IMAGE_IMPORT_BY_NAME*>(base + name->u1.AddressOfData)->Name),
-            slot);
-    }
-  }
-}
-
-void write_slot(void** slot, void* address) {
-  DWORD protection = 0;
-  VirtualProtect(slot, sizeof *slot, PAGE_READWRITE, &protection);
-  *slot = address;
-  VirtualProtect(slot, sizeof *slot, protection, &protection);
-}
-
 }  // namespace
 
 LibraryMemory::LibraryMemory(HMODULE module) : was_guarding_(state().guarding) {
@@ -232,8 +203,7 @@ LibraryMemory::LibraryMemory(HMODULE module) : was_guarding_(state().guarding) {
     for (const Import& import : replaced_imports()) {
       if (std::strcmp(import.name, name) != 0 || *slot == import.replacement) continue;
       *import.original = *slot;
-      replaced_.push_back({slot, *slot});
-      write_slot(slot, import.replacement);
+      replaced_.push_back({slot, write_import(slot, import.replacement)});
     }
   });
 }
@@ -241,7 +211,7 @@ LibraryMemory::LibraryMemory(HMODULE module) : was_guarding_(state().guarding) {
 LibraryMemory::~LibraryMemory() {
   allow();
   guard(was_guarding_);
-  for (const Replaced& replaced : replaced_) write_slot(replaced.slot, replaced.former);
+  for (const Replaced& replaced : replaced_) write_import(replaced.slot, replaced.former);
   if (replaced_.empty()) return;
   const std::lock_guard lock(state().mutex);
   state().living.clear();
