@@ -1,6 +1,7 @@
 #include "dates/literal_recurrence.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cwchar>
 #include <cwctype>
 
@@ -139,7 +140,7 @@ std::wstring checked(const std::wstring& date) {
     const std::size_t place = date.find(L"/02/");
     const std::size_t start = place == std::wstring::npos ? 3 : place + 4;
     const Variant year(leading_number(date.substr(std::min(start, date.size()))));
-    const bool leap = static_cast<long>(year.get().dblVal) % 4 == 0;
+    const bool leap = std::lrint(year.get().dblVal) % 4 == 0;  // rounded, halves to even
     return format((leap ? L"29/02/" : L"28/02/") + text_of(year), L"dd/mm/yy");
   }
   if ((month == 4 || month == 6 || month == 9 || month == 11) && day == 31) return L"30" + date.substr(first);
