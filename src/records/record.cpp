@@ -3,6 +3,7 @@
 #include "automation/platform.h"
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <memory>
 
@@ -23,8 +24,16 @@ const T& at(const void* record, unsigned offset) {
   return *reinterpret_cast<const T*>(static_cast<const char*>(record) + offset);
 }
 
-/// Texts of the record that is being built become copies of their own; the rest was copied bit for bit.
-void duplicate_texts(const RecordLayout& layout, const void* source, void* target) {
+/// Bytes of a field that owns nothing; 0 for the others.
+constexpr unsigned plain_size(FieldKind kind) noexcept {
+  constexpr std::array<unsigned char, 6> kSizes{1, 2, 2, 4, 8, 8};  // Byte to Currency
+  const auto index = static_cast<std::size_t>(kind);
+  return index < kSizes.size() ? kSizes[index] : 0;
+}
+static_assert(plain_size(FieldKind::Currency) == 8 && plain_size(FieldKind::Text) == 0);
+
+/// Fills a zeroed record with the plain fields of another and with copies of its texts.
+void duplicate(const RecordLayout& layout, const void* source, void* target) {
   for (const FieldLayout& field : layout.fields) {
     switch (field.kind) {
       case FieldKind::Text: {
@@ -35,29 +44,12 @@ void duplicate_texts(const RecordLayout& layout, const void* source, void* targe
       case FieldKind::Record:
         for (unsigned i = 0; i < field.count; ++i) {
           const unsigned offset = field.offset + i * field.record->size;
-          duplicate_texts(*field.record, &at<char>(source, offset), &at<char>(target, offset));
+          duplicate(*field.record, &at<char>(source, offset), &at<char>(target, offset));
         }
         break;
-      case FieldKind::Byte:
-        at<BYTE>(target, field.offset) = at<BYTE>(source, field.offset);
-        break;
-      case FieldKind::Integer:
-      case FieldKind::Boolean:
-        at<short>(target, field.offset) = at<short>(source, field.offset);
-        break;
-      case FieldKind::Long:
-        at<long>(target, field.offset) = at<long>(source, field.offset);
-        break;
-      case FieldKind::Double:
-      case FieldKind::Currency:
-        std::memcpy(&at<char>(target, field.offset), &at<char>(source, field.offset), 8);
-        break;
-      case FieldKind::Object:
-      case FieldKind::TextArray:
-      case FieldKind::ObjectArray:
-      case FieldKind::VariantArray:
-      case FieldKind::RecordArray:
-        raise(Fault::InvalidArgument);
+      default:
+        if (plain_size(field.kind) == 0) raise(Fault::InvalidArgument);
+        std::memcpy(&at<char>(target, field.offset), &at<char>(source, field.offset), plain_size(field.kind));
     }
   }
 }
@@ -142,7 +134,7 @@ void require_unlocked(const RecordLayout& layout, const void* record) {
 
 void copy_record(const RecordLayout& layout, const void* source, void* target) {
   Draft draft(layout);
-  duplicate_texts(layout, source, draft.get());
+  duplicate(layout, source, draft.get());
   std::swap_ranges(draft.get(), draft.get() + layout.size, static_cast<char*>(target));
 }
 
