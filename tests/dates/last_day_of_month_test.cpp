@@ -1,4 +1,6 @@
 // Periodicite.LastDayOfMonth, and what becomes of the year variable.
+#include <cstring>
+
 #include "dates/recurrence_fixture.h"
 
 namespace {
@@ -81,6 +83,21 @@ TEST(Periodicite, LastDayOfMonth_TypedYearVariableKeepsItsType) {
   EXPECT_EQ(L"29/02/24", last_day(2, year));
   EXPECT_EQ(VT_BYREF | VT_I2, year.get().vt);
   EXPECT_EQ(2024, stored);
+}
+
+TEST(Periodicite, LastDayOfMonth_VariableOfATypeThatTakesNoNumberIsFault13AndStays) {
+  DECIMAL stored;
+  ASSERT_EQ(S_OK, VarDecFromI4(2024, &stored));
+  const DECIMAL before = stored;
+  VARIANT year;
+  VariantInit(&year);
+  year.vt = VT_BYREF | VT_DECIMAL;
+  year.pdecVal = &stored;
+  short month = 2;
+  Text result;
+  EXPECT_TRUE(is_fault(Recurrence()->LastDayOfMonth(&month, &year, &result), 13, L"Periodicite"));
+  EXPECT_EQ(0, std::memcmp(&before, &stored, sizeof stored));
+  EXPECT_EQ(result, std::wstring_view());
 }
 
 TEST(Periodicite, LastDayOfMonth_ScriptVariableReceivesTheNumber) {

@@ -1,6 +1,7 @@
 // Periodicite.RenseignerChampBinaire: a file goes into a binary field in chunks of 50000 bytes.
 #include "dates/recurrence_fixture.h"
 #include "support/fake_object.h"
+#include "support/import_table.h"
 
 namespace {
 
@@ -162,6 +163,46 @@ TEST(Periodicite, RenseignerChampBinaire_FileThatSomeoneKeepsToHimselfIsFault70)
   ASSERT_NE(INVALID_HANDLE_VALUE, holder);
   EXPECT_TRUE(is_fault(load(field.object.get(), file.path, result), 70, L"Periodicite"));
   CloseHandle(holder);
+}
+
+/// What reading a file comes to while the platform's function is replaced.
+struct Reading {
+  static inline BOOL succeeds;
+  static inline DWORD error;
+
+  static BOOL WINAPI instead(HANDLE, void*, DWORD length, DWORD* count, OVERLAPPED*) {
+    *count = length - 1;
+    SetLastError(error);
+    return succeeds;
+  }
+};
+
+void expect_unreadable(BOOL succeeds, DWORD error, int fault) {
+  const SampleFile file(10);
+  BinaryField field;
+  const Recurrence object;  // the library stays loaded
+  Reading::succeeds = succeeds;
+  Reading::error = error;
+  {
+    const ReplacedImport read(GetModuleHandleW(L"VelmoSAV_DLL14.dll"), "ReadFile", Reading::instead);
+    VARIANT_BOOL result;
+    EXPECT_TRUE(is_fault(load(field.object.get(), file.path, result), fault, L"Periodicite"));
+    EXPECT_EQ(VARIANT_FALSE, result);
+  }
+  EXPECT_TRUE(field.object->log.empty());
+  EXPECT_TRUE(file.is_closed());
+}
+
+TEST(Periodicite, RenseignerChampBinaire_PartThatSomeoneHasLockedIsFault70) {
+  expect_unreadable(FALSE, ERROR_LOCK_VIOLATION, 70);
+}
+
+TEST(Periodicite, RenseignerChampBinaire_DeviceThatCannotReadIsFault57) {
+  expect_unreadable(FALSE, ERROR_CRC, 57);
+}
+
+TEST(Periodicite, RenseignerChampBinaire_FileThatEndsBeforeItsSizeIsFault57) {
+  expect_unreadable(TRUE, ERROR_SUCCESS, 57);
 }
 
 TEST(Periodicite, RenseignerChampBinaire_FailureOfTheFieldIsPassedOn) {

@@ -36,6 +36,26 @@ TEST(ApiGeneral, RemplaceTxt_CaseOfTheSearchTextDoesNotMatter) {
       {{L"un Mot un mot", L"MOT", L"x", L"un x un x"}, {L"un Mot un mot", L"mOt", L"x", L"un x un x"}});
 }
 
+/// A text that says to be longer than any can be; its letters are never looked at.
+class EndlessText {
+ public:
+  operator BSTR() const { return const_cast<BSTR>(text_.letters); }
+
+ private:
+  struct {
+    UINT bytes = 0x80000000;
+    wchar_t letters[2] = {L'x', 0};
+  } text_;
+};
+
+TEST(ApiGeneral, RemplaceTxt_ResultLongerThanATextCanBeIsOutOfMemoryAndTheTextStays) {
+  Text text(L"a-a");
+  EXPECT_EQ(E_OUTOFMEMORY,
+            create<_ApiGeneral>(L"ApiGeneral")->RemplaceTxt(text.in_out(), Text(L"a"), EndlessText()));
+  EXPECT_EQ(L"a-a", text.str());
+  EXPECT_EQ(L"VelmoSAV_DLL14.ApiGeneral", take_error().source);
+}
+
 TEST(ApiGeneral, RemplaceTxt_AccentedLettersHaveACaseToo) {
   expect_replacements({{L"été ÉTÉ Été", L"été", L"hiver", L"hiver hiver hiver"},
                        {L"ÇA ça", L"Ça", L"x", L"x x"},

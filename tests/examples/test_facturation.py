@@ -15,6 +15,7 @@ SAMPLES = ROOT / "examples" / "facturation" / "donnees"
 FAULTY = ROOT / "examples" / "facturation" / "donnees-fautives"
 sys.path.insert(0, str(pathlib.Path(__file__).parent))
 from expected_invoices import expected_totals  # noqa: E402
+from private_registry import PrivateRegistry  # noqa: E402
 
 HEADER = ["CODE", "DATEFACT", "CODETIERS", "CODEREPR", "CODEMODREGL", "DESIGNATION", "ORIGINE", "ADRCHANTIER",
           "ADRFACTURATION"]
@@ -32,11 +33,11 @@ def number(text):
 class Run:
     """One run of the host into a folder of its own."""
 
-    def __init__(self, *arguments):
+    def __init__(self, *arguments, environment=None):
         self.folder = tempfile.TemporaryDirectory()
         program = pathlib.Path(os.environ["SAV_BUILD"]) / "bin" / "facturation.exe"
         done = subprocess.run(["wine", str(program), "--sortie", windows_path(self.folder.name), *arguments],
-                              capture_output=True, timeout=120, check=False)
+                              capture_output=True, timeout=120, check=False, env=environment)
         self.code = done.returncode
         self.output = done.stdout.decode("utf-8")
         self.errors = done.stderr.decode("utf-8").splitlines()
@@ -87,6 +88,22 @@ class SampleData(unittest.TestCase):
         sides = {amount for _, ht, _, ttc in self.run_.table() for amount in (ht, ttc)}
         self.assertTrue(summed)
         self.assertLessEqual(summed, sides)
+
+
+class WithoutDom(unittest.TestCase):
+    """On a machine none of whose documents' classes is registered no invoice can be written, and each says why."""
+
+    def test_every_invoice_is_refused_with_fault_429(self):
+        registry = PrivateRegistry()
+        self.addCleanup(registry.close)
+        for version in ("4.0", "6.0", "3.0"):
+            registry.run("reg", "delete", rf"HKCR\MSXML2.DOMDocument.{version}", "/f")
+        run = Run(windows_path(SAMPLES), environment=registry.environment)
+        self.assertNotEqual(0, run.code)
+        self.assertEqual([], run.invoices())
+        self.assertTrue(run.errors)
+        for line in run.errors:
+            self.assertIn("Le composant ne peut pas créer l'objet", line)
 
 
 class Pages(unittest.TestCase):

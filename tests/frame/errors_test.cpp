@@ -1,4 +1,7 @@
 // A failing call: HRESULT and error information of an early-bound one, EXCEPINFO of a late-bound one.
+#include <functional>
+#include <memory>
+
 #include "frame/record_argument.h"
 #include "support/fake_object.h"
 
@@ -16,6 +19,47 @@ using host::Text;
 using host::Variant;
 
 constexpr HRESULT kDivisionByZero = static_cast<HRESULT>(0x800A000B);
+constexpr HRESULT kRefusal = static_cast<HRESULT>(0x80041234UL);
+
+/// Leaves information on the thread, as a failing object of the host does.
+void leave_error(const wchar_t* source, const wchar_t* description) {
+  ComPtr<ICreateErrorInfo> creation;
+  ComPtr<IErrorInfo> information;
+  ASSERT_EQ(S_OK, CreateErrorInfo(creation.receive()));
+  creation->SetSource(const_cast<wchar_t*>(source));
+  creation->SetDescription(const_cast<wchar_t*>(description));
+  ASSERT_EQ(S_OK, creation->QueryInterface(IID_IErrorInfo, information.receive_void()));
+  SetErrorInfo(0, information.get());
+}
+
+/// Information of the host on the thread that does something when it is given up. Kept by the test: a system
+/// that is entered again while it gives one up does so twice.
+class Relapse final : public IErrorInfo {
+ public:
+  explicit Relapse(std::function<void()> given_up) : given_up_(std::move(given_up)) {}
+  virtual ~Relapse() = default;
+
+  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
+    *object = iid == IID_IUnknown || iid == IID_IErrorInfo ? this : nullptr;
+    if (!*object) return E_NOINTERFACE;
+    AddRef();
+    return S_OK;
+  }
+  ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
+  ULONG STDMETHODCALLTYPE Release() override {
+    if (references_ != 0 && --references_ == 0) given_up_();
+    return references_;
+  }
+  HRESULT STDMETHODCALLTYPE GetGUID(GUID*) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetSource(BSTR*) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetDescription(BSTR*) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetHelpFile(BSTR*) override { return E_NOTIMPL; }
+  HRESULT STDMETHODCALLTYPE GetHelpContext(DWORD*) override { return E_NOTIMPL; }
+
+ private:
+  std::function<void()> given_up_;
+  ULONG references_ = 0;
+};
 
 /// DLL_GetAmountDiscounted at a discount of 100 % divides by zero.
 class Errors : public ::testing::Test {
@@ -24,6 +68,17 @@ class Errors : public ::testing::Test {
 
   Outcome divide_by_zero() {
     return Invocation(outil_.get(), L"DLL_GetAmountDiscounted").pass(100.0).pass(100.0).run();
+  }
+
+  /// A call of the library that uses a label of the host, whose width `fail` refuses.
+  HRESULT use_failing_label(const std::function<void()>& fail) {
+    const auto label = FakeObject::make();
+    label->on_get(L"Width", [&fail](const FakeObject::Arguments&) {
+      fail();
+      return Variant();
+    });
+    return outil_->SetLabelHauteur(label.get(), Text(L"Titre"), host::missing().get(), host::missing().get(),
+                                   host::missing().get());
   }
 
   ComPtr<_Outil> outil_ = host::create<_Outil>(L"Outil");
@@ -81,6 +136,51 @@ TEST_F(Errors, LateBound_FailureOfAHostsObject_IsPassedOn) {
   EXPECT_EQ(static_cast<HRESULT>(0x800A0F01), outcome.scode);
   EXPECT_EQ(L"Ecran.Libelle", outcome.source);
   EXPECT_EQ(L"Largeur indisponible", outcome.description);
+}
+
+TEST_F(Errors, FailureOfAHostsObject_WithANumberAlone_IsThatNumbersFault) {
+  EXPECT_EQ(static_cast<HRESULT>(0x800A0000UL + 3021), use_failing_label([] {
+              throw FakeObject::Error{S_OK, L"Ecran", L"Plus de ligne", 3021};
+            }));
+  EXPECT_EQ(L"Plus de ligne", take_error().description);
+}
+
+TEST_F(Errors, FailureOfAHostsObject_WithInformationOnTheThread_IsPassedOn) {
+  EXPECT_EQ(kRefusal, use_failing_label([] {
+              leave_error(L"Ecran.Libelle", L"Largeur indisponible");
+              throw FakeObject::Refusal{kRefusal};
+            }));
+  const ErrorReport report = take_error();
+  EXPECT_EQ(L"Ecran.Libelle", report.source);
+  EXPECT_EQ(L"Largeur indisponible", report.description);
+}
+
+TEST_F(Errors, FailureOfAHostsObject_WithInformationThatSaysNothing_GetsATextOfTheLibrary) {
+  EXPECT_EQ(kRefusal, use_failing_label([] {
+              leave_error(L"Ecran.Libelle", L"");
+              throw FakeObject::Refusal{kRefusal};
+            }));
+  const ErrorReport report = take_error();
+  EXPECT_EQ(L"VelmoSAV_DLL14.Outil", report.source);
+  EXPECT_EQ(L"L'opération a échoué", report.description);
+}
+
+TEST_F(Errors, FailuresInsideOneAnother_AreAllReported) {
+  // More than the library keeps room for: each failure gives up information of the host, which fails again.
+  constexpr std::size_t kDepth = 150;
+  std::vector<std::unique_ptr<Relapse>> relapses;
+  std::size_t reported = 0;
+  const std::function<void()> fail = [&] {
+    if (relapses.size() < kDepth) {
+      relapses.push_back(std::make_unique<Relapse>(fail));
+      SetErrorInfo(0, relapses.back().get());
+    }
+    double amount = 1;
+    reported += outil_->DLL_GetAmountDiscounted(100, 100, 2, &amount) == kDivisionByZero ? 1 : 0;
+  };
+  fail();
+  EXPECT_EQ(kDepth + 1, reported);
+  EXPECT_EQ(L"Division par zéro", take_error().description);
 }
 
 TEST_F(Errors, LateBound_VariablesByReference_KeepWhatTheMethodLeft) {

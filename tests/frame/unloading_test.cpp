@@ -1,5 +1,8 @@
 // DllCanUnloadNow: what keeps the DLL loaded, and what no longer does.
+#include <algorithm>
+
 #include "frame/library.h"
+#include "support/import_table.h"
 
 namespace {
 
@@ -105,6 +108,44 @@ TEST_F(Unloading, DllCanUnloadNow_Agreed_TypeInformationIsNoLongerHeld) {
   ASSERT_EQ(S_OK, create(__uuidof(::Article))->GetTypeInfo(0, LOCALE_USER_DEFAULT, information.receive()));
   ASSERT_EQ(S_OK, library_.can_unload());
   EXPECT_EQ(0u, information.detach()->Release());
+}
+
+/// Where the library lies, as far as one function tells.
+struct Path {
+  static inline std::vector<DWORD> rooms;
+
+  static DWORD WINAPI unknown(HMODULE, wchar_t*, DWORD) {
+    SetLastError(ERROR_ACCESS_DENIED);
+    return 0;
+  }
+  static DWORD WINAPI of_many_letters(HMODULE module, wchar_t* room, DWORD size) {
+    rooms.push_back(size);
+    if (size > 2 * MAX_PATH) return GetModuleFileNameW(module, room, size);
+    std::fill_n(room, size, L'x');
+    return size;
+  }
+};
+
+TEST_F(Unloading, GetTypeInfo_LibraryWithALongPath_LoadsItsTypesFromThere) {
+  const auto object = create(__uuidof(::Article));
+  Path::rooms.clear();
+  const host::ReplacedImport path(GetModuleHandleW(L"VelmoSAV_DLL14.dll"), "GetModuleFileNameW",
+                                  Path::of_many_letters);
+  ComPtr<ITypeInfo> information;
+  EXPECT_EQ(S_OK, object->GetTypeInfo(0, LOCALE_USER_DEFAULT, information.receive()));
+  EXPECT_EQ((std::vector<DWORD>{MAX_PATH, 2 * MAX_PATH, 4 * MAX_PATH}), Path::rooms);
+}
+
+TEST_F(Unloading, GetTypeInfo_LibraryThatDoesNotFindItself_IsThePlatformsError) {
+  const auto object = create(__uuidof(::Article));
+  ComPtr<ITypeInfo> information;
+  {
+    const host::ReplacedImport path(GetModuleHandleW(L"VelmoSAV_DLL14.dll"), "GetModuleFileNameW",
+                                    Path::unknown);
+    EXPECT_EQ(E_ACCESSDENIED, object->GetTypeInfo(0, LOCALE_USER_DEFAULT, information.receive()));
+  }
+  EXPECT_FALSE(host::take_error().description.empty());
+  EXPECT_EQ(S_OK, object->GetTypeInfo(0, LOCALE_USER_DEFAULT, information.receive()));
 }
 
 /// Whether COM still holds the DLL in the process.

@@ -64,6 +64,41 @@ TEST_F(RegroupementFacture, KeepsApartKeysWhoseTextsJoinToTheSameText) {
   EXPECT_EQ((Names{L"A", L"C", L"B"}), grid.names());
 }
 
+/// A cell that refers to a variable of the host.
+Variant reference_to(VARIANT& variable) {
+  Variant cell;
+  cell.get().vt = VT_BYREF | VT_VARIANT;
+  cell.get().pvarVal = &variable;
+  return cell;
+}
+
+TEST_F(RegroupementFacture, TakesAKeyBehindAReferenceForItsValue) {
+  // Keys that are texts or numbers are hashed, one that is Empty makes them compared pair by pair.
+  for (const bool with_empty : {false, true}) {
+    Grid grid({Item{L"A", L"C1"}, Item{L"B", L"C2"}, Item{L"C", L"C1"}});
+    Variant customer = host::text_value(L"C1");
+    grid.set(2, IndTabGener_ColCodeCli, reference_to(customer.get()));
+    if (with_empty) grid.set(1, IndTabGener_ColCodeVend, Variant());
+    group(grid);
+    EXPECT_EQ((Names{L"A", L"C", L"B"}), grid.names()) << with_empty;
+  }
+}
+
+TEST_F(RegroupementFacture, TakesAKeyBehindTwoReferencesForItsValue) {
+  for (const bool with_empty : {false, true}) {
+    Grid grid({Item{L"A"}, Item{L"B"}, Item{L"C"}});
+    long number = 7;
+    Variant variable;
+    variable.get().vt = VT_BYREF | VT_I4;
+    variable.get().plVal = &number;
+    grid.set(0, IndTabGener_ColCodeCli, Variant(7L));
+    if (with_empty) grid.set(1, IndTabGener_ColCodeVend, Variant());
+    grid.set(2, IndTabGener_ColCodeCli, reference_to(variable.get()));
+    group(grid);
+    EXPECT_EQ((Names{L"A", L"C", L"B"}), grid.names()) << with_empty;
+  }
+}
+
 TEST_F(RegroupementFacture, DropsATickedRowThatIsAnInvoiceOnEntry) {
   Grid grid({Item{L"A"}, Item{L"B", L"C1", L"T", L"V", L"X", true, L"F"}, Item{L"C"}});
   group(grid);

@@ -89,10 +89,13 @@ HRESULT FakeObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* para
     if (exception) {
       *exception = {};
       exception->scode = error.code;
+      exception->wCode = error.number;
       exception->bstrSource = SysAllocString(error.source.c_str());
       exception->bstrDescription = SysAllocString(error.description.c_str());
     }
     return DISP_E_EXCEPTION;
+  } catch (const Refusal& refusal) {
+    return refusal.code;
   }
 }
 

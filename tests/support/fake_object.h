@@ -17,11 +17,16 @@ class FakeObject final : public IDispatch {
   using Arguments = std::vector<VARIANT>;  // in order, dereferenced
   using Getter = std::function<Variant(const Arguments&)>;
   using Setter = std::function<void(const VARIANT&)>;
-  /// Thrown by a member: the call answers DISP_E_EXCEPTION with these.
+  /// Thrown by a member: the call answers DISP_E_EXCEPTION with these. The number is for a code of S_OK.
   struct Error {
     HRESULT code;
     std::wstring source;
     std::wstring description;
+    WORD number = 0;
+  };
+  /// Thrown by a member: the call answers this code itself.
+  struct Refusal {
+    HRESULT code;
   };
 
   static ComPtr<FakeObject> make();
