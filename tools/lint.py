@@ -12,6 +12,7 @@ import subprocess
 import sys
 
 SOURCE_FOLDERS = ("src", "companions", "diagnostic", "examples", "bench", "tests")
+SCRIPT_FOLDERS = ("tools", "tests")
 MOST_LINES = 600
 MOST_COLUMNS = 120
 # An exception is caught at the boundary, and where a statement of the host may fail; nowhere else in the library.
@@ -31,6 +32,11 @@ SUBJECTS = ("dates", "documents", "contracts", "amounts", "tools", "invoicing", 
 def sources(root):
     for folder in SOURCE_FOLDERS:
         yield from sorted(p for p in (root / folder).rglob("*") if p.suffix in (".h", ".cpp"))
+
+
+def scripts(root):
+    for folder in SCRIPT_FOLDERS:
+        yield from sorted((root / folder).rglob("*.py"))
 
 
 def text_faults(root, path):
@@ -124,6 +130,8 @@ def main(root, build):
     faults = list(list_faults(root)) + list(formatting_faults(root))
     for path in sources(root):
         faults += [*text_faults(root, path), *catch_faults(root, path), *layer_faults(root, path)]
+    for path in scripts(root):
+        faults += text_faults(root, path)
     faults += sorted(set(tidy_faults(root, build)))
     print("\n".join(faults) if faults else "lint: nothing to report")
     return 1 if faults else 0

@@ -18,6 +18,7 @@ import threading
 
 JOBS = 2
 CHUNK = 1_000_000  # calls of one process
+COUNTS = ("calls", "successes", "faults", "findings")
 TIME_LIMIT = 1800  # seconds for one process
 ENDED = re.compile(r"MISUSE ([^\n]*): (\w+)\.(\w*) seed (\d+) number (\d+)")
 FINDING = re.compile(r"MISUSE finding: (.*)")
@@ -36,8 +37,8 @@ class Tally:
     def add(self, report):
         with self.lock:
             for entry in report["classes"]:
-                sums = self.figures.setdefault(entry["name"], dict.fromkeys(("calls", "successes", "faults", "findings", "slowest"), 0))
-                for key in ("calls", "successes", "faults", "findings"):
+                sums = self.figures.setdefault(entry["name"], dict.fromkeys((*COUNTS, "slowest"), 0))
+                for key in COUNTS:
                     sums[key] += entry[key]
                 sums["slowest"] = max(sums["slowest"], entry["slowest"])
                 self.calls += entry["calls"]
@@ -91,17 +92,17 @@ def soak(program, seed, calls, tally):
 
 def table_of(tally, seeds):
     """The figures as the document shows them."""
-    totals = dict.fromkeys(("calls", "successes", "faults", "findings", "slowest"), 0)
+    totals = dict.fromkeys((*COUNTS, "slowest"), 0)
     rows = []
     for name, sums in sorted(tally.figures.items()):
         if not sums["calls"]:
             continue
-        rows.append([name, *(f"{sums[key]:,}" for key in ("calls", "successes", "faults", "findings")),
+        rows.append([name, *(f"{sums[key]:,}" for key in COUNTS),
                      f"{sums['slowest']:.1f} ms"])
-        for key in ("calls", "successes", "faults", "findings"):
+        for key in COUNTS:
             totals[key] += sums[key]
         totals["slowest"] = max(totals["slowest"], sums["slowest"])
-    rows.append(["all", *(f"{totals[key]:,}" for key in ("calls", "successes", "faults", "findings")),
+    rows.append(["all", *(f"{totals[key]:,}" for key in COUNTS),
                  f"{totals['slowest']:.1f} ms"])
     text = (f"{totals['calls']:,} generated calls of every member of every class, early- and late-bound "
             f"(seeds {', '.join(map(str, seeds))}): {len(tally.findings)} findings. A finding is a crash, an exception "

@@ -90,7 +90,9 @@ def fault_lines(method, entry, faults):
     for number, when in entry.faults:
         name = f"**{number}** {texts[number]}" if number in texts else "the called object's own failure is passed on"
         lines.append(f"- {name}: {when}")
-    left = f"What remains after a fault: {method.remains}." if method.remains else "After a fault everything is as it was."
+    left = "After a fault everything is as it was."
+    if method.remains:
+        left = f"What remains after a fault: {method.remains}."
     return [*lines, "", left]
 
 
@@ -186,25 +188,33 @@ def faults_page(contract):
                    *((str(f.number), f"`0x{0x800A0000 + f.number:08X}`", f.text) for f in contract.faults)), ""]
 
 
+# What the index says before its table of classes.
+INDEX_TEXT = f"""\
+The type library `{LIBRARY}`: its classes, created by ProgID `{LIBRARY}.<Class>`, and the types that
+cross their interfaces. Each page gives its members' signatures twice: as a Basic host declares them, and
+as the vtable has them. In C++ examples the objects are created already, and the helpers (`Text`, `set`,
+`dimension`, `element`) are those of [sav.h](../../examples/premier_appel/sav.h).
+
+What holds for every member:
+
+- A date is a text. `dd/mm/yy`, `dd/mm/yyyy` and `dd/mm/yyyy hh:nn` are the forms that come back, as said
+  member by member; what goes in is read by the user's regional settings
+  ([Regional settings](../guide/regional-settings.md)).
+- An amount is a Double in the currency's unit, a rate is in percent (20 is 20 %). HT is before tax, TTC
+  tax included.
+- A count is the number of elements, and -1 for an array that was never dimensioned.
+- A record, a required argument by reference or a result at a null address fails with `E_POINTER`; memory
+  that runs out with `E_OUTOFMEMORY`. Faults are run-time numbers: a host sees `0x800A0000` + number, the
+  source `VelmoSAV_DLL14.<Class>` and a French text ([Faults](../guide/faults.md)).
+- A late-bound argument of another type is converted as the run-time converts it (13 when it cannot be, 6
+  when it is out of range).
+"""
+
+
 def index_page(contract):
     lines = ["# Reference", NOTICE, "",
              f"*{contract.help}*", "",
-             f"The type library `{LIBRARY}`: its classes, created by ProgID `{LIBRARY}.<Class>`, and the types that",
-             "cross their interfaces. Each page gives its members' signatures twice: as a Basic host declares them, and",
-             "as the vtable has them. In C++ examples the objects are created already, and the helpers (`Text`, `set`,",
-             "`dimension`, `element`) are those of [sav.h](../../examples/premier_appel/sav.h).", "",
-             "What holds for every member:", "",
-             "- A date is a text. `dd/mm/yy`, `dd/mm/yyyy` and `dd/mm/yyyy hh:nn` are the forms that come back, as said",
-             "  member by member; what goes in is read by the user's regional settings",
-             "  ([Regional settings](../guide/regional-settings.md)).",
-             "- An amount is a Double in the currency's unit, a rate is in percent (20 is 20 %). HT is before tax, TTC",
-             "  tax included.",
-             "- A count is the number of elements, and -1 for an array that was never dimensioned.",
-             "- A record, a required argument by reference or a result at a null address fails with `E_POINTER`; memory",
-             "  that runs out with `E_OUTOFMEMORY`. Faults are run-time numbers: a host sees `0x800A0000` + number, the",
-             "  source `VelmoSAV_DLL14.<Class>` and a French text ([Faults](../guide/faults.md)).",
-             "- A late-bound argument of another type is converted as the run-time converts it (13 when it cannot be, 6",
-             "  when it is out of range).", "",
+             *INDEX_TEXT.split("\n"),
              *table(("Class", "", "Methods", "Constants"),
                     *((f"[{c.name}]({c.name}.md)", c.help, str(len(c.methods)), str(len(c.constants)))
                       for c in contract.classes)), "",
