@@ -5,7 +5,8 @@
 #include <set>
 
 #include "contract/published.h"
-#include "contract/type_library.h"
+#include "support/library_path.h"
+#include "support/type_library.h"
 
 namespace contract {
 namespace {
@@ -72,6 +73,7 @@ TEST(TypeLibrary, Registration_LeadsToTheSameFile) {
   ASSERT_EQ(S_OK, QueryPathOfRegTypeLib(LIBID_VelmoSAV_DLL14, 1, 0, 0, path.receive()));
   std::wstring without_terminator(path.view().substr(0, path.view().find(L'\0')));
   EXPECT_EQ(0, _wcsicmp(registered_path().c_str(), without_terminator.c_str())) << utf8(without_terminator);
+  EXPECT_EQ(0, _wcsicmp(host::library_path().c_str(), registered_path().c_str())) << utf8(registered_path());
   ComPtr<ITypeLib> registered;
   ASSERT_EQ(S_OK, LoadRegTypeLib(LIBID_VelmoSAV_DLL14, 1, 0, 0, registered.receive()));
   EXPECT_EQ(type_library()->GetTypeInfoCount(), registered->GetTypeInfoCount());

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "contract/published.h"
-#include "contract/type_library.h"
+#include "support/type_library.h"
 
 namespace contract {
 

@@ -1,6 +1,6 @@
 // The enumerations: names and values in declared order, in the type library and in the C++ header.
 #include "contract/published.h"
-#include "contract/type_library.h"
+#include "support/type_library.h"
 
 namespace contract {
 namespace {

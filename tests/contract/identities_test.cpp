@@ -1,7 +1,7 @@
 // Every identifier is the one that compiled hosts hold, and none is missing from the list of them.
 #include <map>
 
-#include "contract/type_library.h"
+#include "support/type_library.h"
 
 namespace contract {
 namespace {

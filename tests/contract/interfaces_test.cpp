@@ -2,7 +2,7 @@
 #include <sstream>
 
 #include "contract/published.h"
-#include "contract/type_library.h"
+#include "support/type_library.h"
 
 namespace contract {
 namespace {

@@ -3,7 +3,7 @@
 #include <charconv>
 
 #include "contract/published.h"
-#include "contract/type_library.h"
+#include "support/type_library.h"
 
 namespace contract {
 namespace {

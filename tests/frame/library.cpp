@@ -12,19 +12,7 @@ Function exported(HMODULE module, const char* name) {
   return reinterpret_cast<Function>(reinterpret_cast<void*>(address));
 }
 
-std::wstring folder_of(const std::wstring& path) { return path.substr(0, path.find_last_of(L"\\/")); }
-
 }  // namespace
-
-std::wstring library_path() { return library_folder() + L"\\VelmoSAV_DLL14.dll"; }
-
-std::wstring library_folder() {
-  wchar_t program[MAX_PATH];
-  GetModuleFileNameW(nullptr, program, MAX_PATH);
-  wchar_t folder[MAX_PATH];
-  GetFullPathNameW((folder_of(program) + L"\\..\\bin").c_str(), MAX_PATH, folder, nullptr);
-  return folder;
-}
 
 Library::Library() : module_(LoadLibraryW(library_path().c_str())) {
   EXPECT_NE(nullptr, module_) << utf8(library_path());

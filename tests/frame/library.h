@@ -2,13 +2,9 @@
 #pragma once
 
 #include "support/host.h"
+#include "support/library_path.h"
 
 namespace host {
-
-/// Full path of the DLL that belongs to this test program.
-std::wstring library_path();
-/// The folder of that DLL.
-std::wstring library_folder();
 
 /// The DLL, loaded by its path, and its four exports.
 class Library {

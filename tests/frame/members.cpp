@@ -14,7 +14,7 @@ std::string type_text(const ComPtr<ITypeInfo>& info, const TYPEDESC& type) {
   if (target.vt != VT_USERDEFINED) return text;
   switch (contract::attributes_of(referred_type(info, target.hreftype))->typekind) {
     case TKIND_ENUM:
-      return "enumeration";
+      return type.vt == VT_PTR ? "enumeration*" : "enumeration";
     case TKIND_RECORD:
       return "record " + text;
     default:

@@ -1,5 +1,6 @@
 // IDispatch::GetIDsOfNames: members and parameters by name, ignoring case.
-#include "frame/type_library.h"
+#include "frame/library.h"
+#include "frame/members.h"
 
 namespace {
 

@@ -4,7 +4,8 @@
 #include <set>
 
 #include "frame/invocation.h"
-#include "frame/type_library.h"
+#include "frame/library.h"
+#include "frame/members.h"
 
 namespace {
 

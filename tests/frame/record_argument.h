@@ -2,8 +2,8 @@
 #pragma once
 
 #include "frame/invocation.h"
-#include "frame/type_library.h"
 #include "support/records.h"
+#include "support/type_library.h"
 
 namespace host {
 
@@ -11,7 +11,7 @@ namespace host {
 inline ComPtr<IRecordInfo> record_info(const GUID& record) {
   ComPtr<ITypeInfo> type;
   ComPtr<IRecordInfo> info;
-  EXPECT_EQ(S_OK, type_library()->GetTypeInfoOfGuid(record, type.receive()));
+  EXPECT_EQ(S_OK, contract::type_library()->GetTypeInfoOfGuid(record, type.receive()));
   EXPECT_EQ(S_OK, GetRecordInfoFromTypeInfo(type.get(), info.receive()));
   return info;
 }

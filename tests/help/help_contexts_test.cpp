@@ -2,7 +2,7 @@
 #include <cstring>
 #include <set>
 
-#include "contract/type_library.h"
+#include "support/type_library.h"
 #include "help/help_archive.h"
 
 namespace {

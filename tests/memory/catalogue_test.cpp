@@ -3,7 +3,8 @@
 
 #include <set>
 
-#include "frame/type_library.h"
+#include "frame/library.h"
+#include "frame/members.h"
 
 namespace {
 

@@ -1,5 +1,6 @@
 // The public variables of every class that has some, read and written by name.
-#include "frame/type_library.h"
+#include "frame/library.h"
+#include "frame/members.h"
 #include "memory/catalogue.h"
 
 namespace host {

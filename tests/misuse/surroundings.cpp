@@ -1,6 +1,6 @@
 #include "misuse/surroundings.h"
 
-#include "contract/type_library.h"
+#include "support/type_library.h"
 
 namespace misuse {
 namespace {
