@@ -127,6 +127,7 @@ struct Path {
 };
 
 TEST_F(Unloading, GetTypeInfo_LibraryWithALongPath_LoadsItsTypesFromThere) {
+  ASSERT_EQ(S_OK, library_.can_unload());  // and gives up the types that it has
   const auto object = create(__uuidof(::Article));
   Path::rooms.clear();
   const host::ReplacedImport path(GetModuleHandleW(L"VelmoSAV_DLL14.dll"), "GetModuleFileNameW",
@@ -137,6 +138,7 @@ TEST_F(Unloading, GetTypeInfo_LibraryWithALongPath_LoadsItsTypesFromThere) {
 }
 
 TEST_F(Unloading, GetTypeInfo_LibraryThatDoesNotFindItself_IsThePlatformsError) {
+  ASSERT_EQ(S_OK, library_.can_unload());
   const auto object = create(__uuidof(::Article));
   ComPtr<ITypeInfo> information;
   {
