@@ -51,12 +51,19 @@ std::size_t plain_size(VARTYPE type) {
 }  // namespace
 
 bool is_convertible(const VARIANT& value) noexcept {
-  const bool refers_to_nothing = (value.vt & VT_BYREF) && !value.byref;
-  return !refers_to_nothing && (value.vt & VT_TYPEMASK) != VT_RECORD;
+  const VARIANT& source = dereferenced(value);
+  const bool refers_to_nothing = (source.vt & VT_BYREF) && !source.byref;
+  return !refers_to_nothing && source.vt != kReference && (source.vt & VT_TYPEMASK) != VT_RECORD;
 }
 
-const VARIANT& dereferenced(const VARIANT& value) noexcept {
-  return value.vt == (VT_BYREF | VT_VARIANT) && value.pvarVal ? *value.pvarVal : value;
+const VARIANT& end_of_references(const VARIANT& reference) noexcept {
+  // A variable may refer to itself.
+  constexpr unsigned kMostReferences = 64;
+  const VARIANT* found = &reference;
+  for (unsigned i = 0; i < kMostReferences && found->vt == kReference && found->pvarVal; ++i) {
+    found = found->pvarVal;
+  }
+  return *found;
 }
 
 bool is_missing(const VARIANT& value) noexcept {
@@ -84,7 +91,8 @@ IDispatch* to_object(const VARIANT& value) {
   raise(Fault::ObjectRequired);
 }
 
-void store_variable(VARIANT& variable, Variant value) {
+void store_variable(VARIANT& argument, Variant value) {
+  VARIANT& variable = dereferenced(argument);
   if (!is_convertible(variable)) raise(Fault::TypeMismatch);
   if (!(variable.vt & VT_BYREF)) {
     // A locked array could not be freed.
@@ -92,7 +100,6 @@ void store_variable(VARIANT& variable, Variant value) {
     std::swap(variable, value.get());
     return;
   }
-  if (variable.vt == (VT_BYREF | VT_VARIANT)) return store_variable(*variable.pvarVal, std::move(value));
   Variant typed = converted(value.get(), static_cast<VARTYPE>(variable.vt & ~VT_BYREF));
   if (typed.get().vt == VT_BSTR) {
     std::swap(*variable.pbstrVal, typed.get().bstrVal);

@@ -59,10 +59,22 @@ class Variant {
   VARIANT value_;
 };
 
-/// The value behind VT_BYREF|VT_VARIANT, or the variant itself.
-const VARIANT& dereferenced(const VARIANT& value) noexcept;
+inline constexpr VARTYPE kReference = VT_BYREF | VT_VARIANT;
 
-/// False for what the platform must not be asked to convert or clear: a record, a reference to nothing.
+/// What a chain of references leads to; the last of them when that is nothing or the chain has no end.
+const VARIANT& end_of_references(const VARIANT& reference) noexcept;
+
+/// The value behind VT_BYREF|VT_VARIANT, however often it is wrapped, or the variant itself. A reference to
+/// nothing or to itself stays one.
+inline const VARIANT& dereferenced(const VARIANT& value) noexcept {
+  return value.vt == kReference ? end_of_references(value) : value;
+}
+inline VARIANT& dereferenced(VARIANT& value) noexcept {
+  return const_cast<VARIANT&>(dereferenced(const_cast<const VARIANT&>(value)));
+}
+
+/// False for what the platform must not be asked to convert or clear: a record, a reference to nothing
+/// or to itself.
 bool is_convertible(const VARIANT& value) noexcept;
 
 /// True for an optional argument that the caller left out (not for an empty one).

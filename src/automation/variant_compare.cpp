@@ -9,15 +9,10 @@ namespace {
 
 /// A cell without its references.
 struct Cell {
-  explicit Cell(const VARIANT& value) : type(value.vt), data(&value.lVal) {
-    if (type == (VT_BYREF | VT_VARIANT)) {
-      const VARIANT& inner = dereferenced(value);
-      type = inner.vt;
-      data = &inner.lVal;
-      if (type & VT_BYREF) data = inner.byref;
-    } else if (type & VT_BYREF) {
-      data = value.byref;
-    }
+  explicit Cell(const VARIANT& reference) {
+    const VARIANT& value = dereferenced(reference);
+    type = value.vt;
+    data = type & VT_BYREF ? value.byref : &value.lVal;
     // A reference to nothing is no value.
     type = data ? static_cast<VARTYPE>(type & ~VT_BYREF) : static_cast<VARTYPE>(VT_ILLEGAL);
   }

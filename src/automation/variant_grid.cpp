@@ -2,16 +2,16 @@
 
 #include "automation/array.h"
 #include "automation/fault.h"
+#include "automation/variant.h"
 
 namespace velmosav {
 namespace {
 
 /// Where the argument holds its array, however often it is wrapped.
 SAFEARRAY** array_place(VARIANT& argument) {
-  VARIANT* value = &argument;
-  while (value->vt == (VT_BYREF | VT_VARIANT) && value->pvarVal) value = value->pvarVal;
-  if (value->vt == (VT_ARRAY | VT_VARIANT)) return &value->parray;
-  if (value->vt == (VT_BYREF | VT_ARRAY | VT_VARIANT) && value->pparray) return value->pparray;
+  VARIANT& value = dereferenced(argument);
+  if (value.vt == (VT_ARRAY | VT_VARIANT)) return &value.parray;
+  if (value.vt == (VT_BYREF | VT_ARRAY | VT_VARIANT) && value.pparray) return value.pparray;
   raise(Fault::TypeMismatch);
 }
 

@@ -10,13 +10,6 @@ namespace {
 /// Where a VARIANT of a plain type holds its value: all of them in the same place.
 void* data_of(VARIANT& value) noexcept { return &value.lVal; }
 
-/// The caller's variable behind VT_BYREF|VT_VARIANT, as often as a script wraps it.
-VARIANT& variable_of(VARIANT& argument) noexcept {
-  VARIANT* value = &argument;
-  while (value->vt == (VT_BYREF | VT_VARIANT) && value->pvarVal) value = value->pvarVal;
-  return *value;
-}
-
 /// A value that the platform cannot take is an argument of another type.
 void check_argument(HRESULT code) {
   if (code == E_INVALIDARG || code == DISP_E_BADVARTYPE) code = DISP_E_TYPEMISMATCH;
@@ -38,7 +31,7 @@ bool same_record(IRecordInfo* given, const DispatchParameter& parameter) {
 
 void DispatchArgument::prepare(const DispatchParameter& parameter, VARIANT* argument, LCID locale) {
   if (!argument || is_missing(*argument)) return prepare_missing(parameter, argument != nullptr);
-  VARIANT& variable = variable_of(*argument);
+  VARIANT& variable = dereferenced(*argument);
   by_value_ = &variable == argument && !(argument->vt & VT_BYREF);
   if (parameter.type == VT_VARIANT) return prepare_variant(parameter, variable);
   if (parameter.type == VT_RECORD) return prepare_record(parameter, variable);

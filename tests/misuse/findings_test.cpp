@@ -66,6 +66,68 @@ TEST(MisuseFindings, AReferenceToNothing_InAGrid_IsATypeFault) {
   EXPECT_TRUE(is_fault(generation->IsRuptRgrpCadFact(&grid.get(), 0, 1, &breaks), 13, L"Generation"));
 }
 
+/// A variable that refers to one that refers to nothing.
+class ReferencesToNothing : public ::testing::Test {
+ protected:
+  VARIANT nothing_ = reference_to_nothing(VT_BSTR);
+  VARIANT first_ = by_reference(nothing_);
+  VARIANT second_ = by_reference(first_);
+};
+
+TEST_F(ReferencesToNothing, AsAValue_IsATypeFault) {
+  const auto outil = create<_Outil>(L"Outil");
+  const auto label = FakeObject::make();
+  EXPECT_TRUE(
+      is_fault(outil->SetLabelHauteur(label.get(), Text(L"a"), second_, missing().get(), missing().get()), 13,
+               L"Outil"));
+}
+
+TEST_F(ReferencesToNothing, AsAVariable_IsATypeFault) {
+  const auto documents = create<_ContratDoc>(L"ContratDoc");
+  Record<Type_Contrat> contract;
+  VARIANT_BOOL transferred = VARIANT_FALSE;
+  EXPECT_TRUE(is_fault(documents->IsEchCttTransferee(contract, &second_, nullptr, nullptr, &transferred), 13,
+                       L"ContratDoc"));
+}
+
+TEST_F(ReferencesToNothing, LateBound_IsATypeMismatch) {
+  const auto outil = host::create_dispatch(L"Outil");
+  EXPECT_EQ(DISP_E_TYPEMISMATCH, Invocation(outil.get(), L"SetStringForSQL").pass(second_).run().code);
+}
+
+/// A variable that refers to itself, as a host makes it by mistake.
+class ReferenceToItself : public ::testing::Test {
+ protected:
+  ReferenceToItself() { variable_ = by_reference(variable_); }
+  VARIANT variable_{};
+};
+
+TEST_F(ReferenceToItself, AsAValue_IsATypeFault) {
+  const auto outil = create<_Outil>(L"Outil");
+  const auto label = FakeObject::make();
+  EXPECT_TRUE(
+      is_fault(outil->SetLabelHauteur(label.get(), Text(L"a"), variable_, missing().get(), missing().get()),
+               13, L"Outil"));
+}
+
+TEST_F(ReferenceToItself, AsAVariableToFill_IsATypeFault) {
+  const auto documents = create<_ContratDoc>(L"ContratDoc");
+  Record<Type_Contrat> contract;
+  double total = 0;
+  EXPECT_TRUE(is_fault(documents->GetMttCtt(contract, &variable_, nullptr, &total), 13, L"ContratDoc"));
+}
+
+TEST_F(ReferenceToItself, AsAGrid_IsATypeFault) {
+  const auto generation = create<_Generation>(L"Generation");
+  VARIANT_BOOL breaks = VARIANT_FALSE;
+  EXPECT_TRUE(is_fault(generation->IsRuptRgrpCadFact(&variable_, 0, 1, &breaks), 13, L"Generation"));
+}
+
+TEST_F(ReferenceToItself, LateBound_IsATypeMismatch) {
+  const auto outil = host::create_dispatch(L"Outil");
+  EXPECT_EQ(DISP_E_TYPEMISMATCH, Invocation(outil.get(), L"SetStringForSQL").pass(variable_).run().code);
+}
+
 // --- records where a value is awaited
 
 class RecordAsValue : public ::testing::Test {

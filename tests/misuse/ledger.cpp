@@ -162,7 +162,7 @@ std::size_t size_of(const void* block) { return spy().table.find(block); }
 
 std::size_t living() { return spy().table.count(); }
 
-void stop_at_wrong_frees() { spy().stops = true; }
+void stop_at_wrong_frees(bool stop) { spy().stops = stop; }
 
 std::size_t take_wrong_frees() { return std::exchange(spy().wrong_frees, 0); }
 

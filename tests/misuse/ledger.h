@@ -16,7 +16,7 @@ std::size_t size_of(const void* block);
 std::size_t living();
 /// Blocks that were freed twice, or never allocated, since the last question.
 std::size_t take_wrong_frees();
-/// From now on such a free stops the program where it happens.
-void stop_at_wrong_frees();
+/// Whether such a free stops the program where it happens.
+void stop_at_wrong_frees(bool stop);
 
 }  // namespace misuse::ledger
