@@ -45,7 +45,10 @@ Surroundings::Surroundings() : records(record_types()) {
       (member.kind == INVOKE_FUNC ? methods_ : properties_).push_back({i, &member});
     }
   }
-  window = CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 40, 30, nullptr, nullptr, nullptr, nullptr);
+  // Out of the display's sight: its coordinates have 16 bits, and a region beyond them ends the program
+  // there.
+  window =
+      CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 40, 30, HWND_MESSAGE, nullptr, nullptr, nullptr);
 
   // A table that would reach beyond the end of readable memory.
   page_ = VirtualAlloc(nullptr, 2 * kPage, MEM_RESERVE, PAGE_NOACCESS);
