@@ -17,8 +17,8 @@ struct ReliabilityPiece {
 /// Whether every test of the program was asked for, and none has failed so far: figures of less are none.
 bool whole_program_passed();
 
-/// Writes "<name>.json" to the folder that the environment variable SAV_RELIABILITY names, else to the
-/// current one; a file that cannot be written fails the test.
+/// Writes "<name>.json" to the folder that the environment variable SAV_RELIABILITY names, nothing where it
+/// names none; a file that cannot be written fails the test.
 void write_piece(const std::string& name, const ReliabilityPiece& piece);
 
 }  // namespace host
