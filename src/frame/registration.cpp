@@ -5,6 +5,7 @@
 #include "automation/fault.h"
 #include "automation/module.h"
 #include "frame/class_table.h"
+#include "frame/registry_backup.h"
 #include "object/boundary.h"
 
 namespace velmosav {
@@ -22,6 +23,9 @@ std::wstring prog_id(const ClassIdentity& identity) {
   return std::wstring(kLibraryName) + L"." + identity.name;
 }
 std::wstring class_key(const ClassIdentity& identity) { return L"CLSID\\" + text_of(identity.clsid); }
+std::wstring interface_key(const ClassIdentity& identity) { return L"Interface\\" + text_of(identity.iid); }
+std::wstring library_key() { return L"TypeLib\\" + text_of(LIBID_VelmoSAV_DLL14); }
+constexpr wchar_t kLibraryVersion[] = L"\\1.0";
 
 void check_registry(LSTATUS status) {
   if (status != ERROR_SUCCESS) raise(HRESULT_FROM_WIN32(static_cast<DWORD>(status)));
@@ -55,19 +59,67 @@ void remove_tree(const std::wstring& key, LSTATUS& first) {
   if (status != ERROR_SUCCESS && status != ERROR_FILE_NOT_FOUND && first == ERROR_SUCCESS) first = status;
 }
 
+/// The path to register. A DLL that was moved while it is loaded would be registered where nothing is.
+std::wstring server_path() {
+  std::wstring path = module::path();
+  if (GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES) raise(HRESULT_FROM_WIN32(GetLastError()));
+  return path;
+}
+
+/// Every key that registration writes.
+RegistryBackup backup_of_keys() {
+  RegistryBackup backup;
+  backup.add(library_key());
+  for (const CreatableClass& entry : creatable_classes()) {
+    backup.add(interface_key(entry.identity));
+    backup.add(class_key(entry.identity));
+    backup.add(prog_id(entry.identity));
+  }
+  return backup;
+}
+
+void write_registration(const std::wstring& server, ITypeLib* library) {
+  std::wstring path = server;  // that function takes no constant
+  check(RegisterTypeLib(library, path.data(), nullptr));
+  for (const CreatableClass& entry : creatable_classes()) {
+    register_class(entry.identity, server, text_of(LIBID_VelmoSAV_DLL14));
+  }
+}
+
+bool type_library_is_registered() {
+  HKEY handle = nullptr;
+  const LSTATUS status =
+      RegOpenKeyExW(HKEY_CLASSES_ROOT, (library_key() + kLibraryVersion).c_str(), 0, KEY_READ, &handle);
+  if (status == ERROR_FILE_NOT_FOUND) return false;
+  check_registry(status);
+  RegCloseKey(handle);
+  return true;
+}
+
+/// The platform's removal reads the type library where the registry says that it is. When nothing can be read
+/// there, the keys are known all the same.
+void remove_type_library(LSTATUS& first) {
+  if (!type_library_is_registered()) return;
+  const HRESULT code = UnRegisterTypeLib(LIBID_VelmoSAV_DLL14, 1, 0, LOCALE_NEUTRAL, SYS_WIN32);
+  if (code == E_OUTOFMEMORY) raise(code);
+  if (SUCCEEDED(code)) return;
+  for (const CreatableClass& entry : creatable_classes()) remove_tree(interface_key(entry.identity), first);
+  remove_tree(library_key() + kLibraryVersion, first);
+  RegDeleteKeyW(HKEY_CLASSES_ROOT, library_key().c_str());  // stays when another version is below it
+}
+
 }  // namespace
 
 HRESULT register_library() noexcept {
-  const HRESULT code = boundary(kLibraryName, [] {
-    std::wstring server = module::path();
+  return boundary(kLibraryName, [] {
+    const std::wstring server = server_path();
     const ComPtr<ITypeLib> library = module::type_library();
-    check(RegisterTypeLib(library.get(), server.data(), nullptr));
-    for (const CreatableClass& entry : creatable_classes()) {
-      register_class(entry.identity, server, text_of(LIBID_VelmoSAV_DLL14));
-    }
+    const RegistryBackup backup = backup_of_keys();
+    const HRESULT code = boundary(kLibraryName, [&] { write_registration(server, library.get()); });
+    if (SUCCEEDED(code)) return;
+    backup.restore();
+    raise_call_failure(code);
   });
-  if (FAILED(code)) unregister_library();
-  return code;
 }
 
 HRESULT unregister_library() noexcept {
@@ -77,10 +129,7 @@ HRESULT unregister_library() noexcept {
       remove_tree(class_key(entry.identity), first);
       remove_tree(prog_id(entry.identity), first);
     }
-    Bstr registered;
-    if (SUCCEEDED(QueryPathOfRegTypeLib(LIBID_VelmoSAV_DLL14, 1, 0, LOCALE_NEUTRAL, registered.receive()))) {
-      check(UnRegisterTypeLib(LIBID_VelmoSAV_DLL14, 1, 0, LOCALE_NEUTRAL, SYS_WIN32));
-    }
+    remove_type_library(first);
     check_registry(first);
   });
 }

@@ -6,7 +6,7 @@
 namespace velmosav {
 
 /// Registers the type library (with the interfaces) and every class: CLSID, ProgID, server path, apartment
-/// model. A failure undoes what was written.
+/// model. A failure leaves the registry as it was: an earlier registration stays, a first one leaves nothing.
 HRESULT register_library() noexcept;
 
 /// Removes what register_library wrote. Keys that are missing already are no failure.

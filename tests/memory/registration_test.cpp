@@ -67,10 +67,15 @@ TEST_P(RegistrationWithoutMemory, Removing_FailsAndWorksAgain) {
 /// A registration that fails for want of memory leaves no half: it is undone.
 TEST_P(RegistrationWithoutMemory, AFailedRegistrationIsUndone) {
   ASSERT_EQ(S_OK, library_.unregister_server());
-  memory_.refuse(400, GetParam());
+  memory_.refuse(1'000'000, GetParam());
+  ASSERT_EQ(S_OK, library_.register_server());
+  const std::size_t last = memory_.asked();
+  memory_.allow();
+  ASSERT_EQ(S_OK, library_.unregister_server());
+  memory_.refuse(last - 5, GetParam());
   EXPECT_EQ(E_OUTOFMEMORY, library_.register_server());
   memory_.allow();
-  // Without any memory at all the removal fails as well.
+  // Without any memory at all the platform removes no keys.
   EXPECT_EQ(GetParam() == Refusal::FromThenOn, is_registered(L"Adresses"));
   EXPECT_FALSE(is_registered(L"ApiGeneral"));
 }
