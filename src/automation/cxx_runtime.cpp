@@ -144,4 +144,23 @@ int __cxa_guard_acquire(long long* flag) noexcept {
 void __cxa_guard_release(long long* flag) noexcept { leave(flag, true); }
 void __cxa_guard_abort(long long* flag) noexcept { leave(flag, false); }
 
+/// Stands in for the threads library's function of that name, which takes a slot of thread-local storage from
+/// the process and never gives it back: a process has about a thousand, and the unwinder asks at each load of
+/// the DLL.
+int __wrap_pthread_once(long* once, void (*initialise)()) noexcept {
+  constexpr long kNever = 0, kDone = 1, kBusy = 2;
+  AcquireSRWLockExclusive(&guard_lock);
+  while (*once == kBusy) SleepConditionVariableSRW(&guard_changed, &guard_lock, INFINITE, 0);
+  const bool mine = *once == kNever;
+  if (mine) *once = kBusy;
+  ReleaseSRWLockExclusive(&guard_lock);
+  if (!mine) return 0;
+  initialise();
+  AcquireSRWLockExclusive(&guard_lock);
+  *once = kDone;
+  ReleaseSRWLockExclusive(&guard_lock);
+  WakeAllConditionVariable(&guard_changed);
+  return 0;
+}
+
 }  // extern "C"
