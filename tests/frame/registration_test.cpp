@@ -54,6 +54,31 @@ TEST_F(Registration, DllRegisterServer_Twice_WritesWhatOnceWrites) {
   EXPECT_EQ(Lines(), added(once, machine_classes()));
 }
 
+TEST_F(Registration, DllRegisterServer_AfterRemoval_WritesWhatTheFirstWrote) {
+  library_.unregister_server();
+  const Lines without = machine_classes();
+  ASSERT_EQ(S_OK, library_.register_server());
+  const Lines with = machine_classes();
+  ASSERT_EQ(S_OK, library_.unregister_server());
+  EXPECT_EQ(without, machine_classes());
+  ASSERT_EQ(S_OK, library_.register_server());
+  EXPECT_EQ(with, machine_classes());
+}
+
+TEST_F(Registration, CoCreateInstance_DllIsNotWhereItIsRegistered_FailsWithAnHresult) {
+  ASSERT_EQ(S_OK, library_.register_server());
+  constexpr wchar_t kNowhere[] = L"C:\\nulle part\\VelmoSAV_DLL14.dll";
+  const CatalogueEntry& entry = catalogue().front();
+  ASSERT_EQ(
+      ERROR_SUCCESS,
+      RegSetKeyValueW(HKEY_CLASSES_ROOT, (L"CLSID\\" + guid_text(entry.clsid) + L"\\InprocServer32").c_str(),
+                      nullptr, REG_SZ, kNowhere, sizeof kNowhere));
+  host::ComPtr<IDispatch> object;
+  EXPECT_TRUE(FAILED(
+      CoCreateInstance(entry.clsid, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, object.receive_void())));
+  EXPECT_FALSE(object);
+}
+
 TEST_F(Registration, DllUnregisterServer_Succeeds) { EXPECT_EQ(S_OK, library_.unregister_server()); }
 
 TEST_F(Registration, DllUnregisterServer_Twice_Succeeds) {
