@@ -163,4 +163,29 @@ int __wrap_pthread_once(long* once, void (*initialise)()) noexcept {
   return 0;
 }
 
+// Likewise: a plain mutex of that library is a block of memory from its first use on, which nothing frees
+// when the DLL goes. Here the variable itself says whether it is held.
+constexpr long kFreeMutex = -1, kHeldMutex = 1;
+int __real_pthread_mutex_lock(long* mutex) noexcept;
+int __real_pthread_mutex_unlock(long* mutex) noexcept;
+
+int __wrap_pthread_mutex_lock(long* mutex) noexcept {
+  AcquireSRWLockExclusive(&guard_lock);
+  const bool plain = *mutex == kFreeMutex || *mutex == kHeldMutex;
+  while (plain && *mutex == kHeldMutex) {
+    SleepConditionVariableSRW(&guard_changed, &guard_lock, INFINITE, 0);
+  }
+  if (plain) *mutex = kHeldMutex;
+  ReleaseSRWLockExclusive(&guard_lock);
+  return plain ? 0 : __real_pthread_mutex_lock(mutex);
+}
+int __wrap_pthread_mutex_unlock(long* mutex) noexcept {
+  if (*mutex != kHeldMutex) return __real_pthread_mutex_unlock(mutex);
+  AcquireSRWLockExclusive(&guard_lock);
+  *mutex = kFreeMutex;
+  ReleaseSRWLockExclusive(&guard_lock);
+  WakeAllConditionVariable(&guard_changed);
+  return 0;
+}
+
 }  // extern "C"

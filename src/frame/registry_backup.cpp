@@ -47,7 +47,7 @@ void RegistryBackup::read(const std::wstring& path) {
   for (DWORD i = 0; i < values; ++i) {
     DWORD length = kValueName, type = 0, size = longest;
     check_registry(RegEnumValueW(key.handle, i, name.data(), &length, nullptr, &type, data.data(), &size));
-    keys_[place].values.push_back({name.substr(0, length), type, {data.begin(), data.begin() + size}});
+    keys_[place].values.push_back({name.substr(0, length), type, {data.data(), data.data() + size}});
   }
   for (DWORD i = 0; i < keys; ++i) {
     wchar_t child[kKeyName];
