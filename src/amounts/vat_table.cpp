@@ -15,10 +15,10 @@ void fill_line(const HostObject& entry, Type_LigneRepartTVA& line) {
 void fill_lines(IDispatch* table, short highest_code, Type_RepartTVA& distribution) {
   const HostMember entries(table, L"EnrTva");
   for (short code = 1; code <= highest_code; ++code) {
-    attempt([&] {
-      const Variant entry = entries.get(Variant(code));
-      fill_line(HostObject(to_object(entry.get())), distribution.Lignes[code]);
-    });
+    // Most tables fail for most codes.
+    const std::optional<Variant> entry = entries.find(Variant(code));
+    if (!entry) continue;
+    attempt([&] { fill_line(HostObject(to_object(entry->get())), distribution.Lignes[code]); });
   }
 }
 

@@ -21,11 +21,12 @@ struct ExceptionInformation : EXCEPINFO {
   ExceptionInformation& operator=(const ExceptionInformation&) = delete;
 };
 
-[[noreturn]] void raise_exception(ExceptionInformation& exception) {
-  if (exception.pfnDeferredFillIn) exception.pfnDeferredFillIn(&exception);
-  const HRESULT code = FAILED(exception.scode) ? exception.scode
-                       : exception.wCode != 0  ? static_cast<HRESULT>(0x800A0000UL + exception.wCode)
-                                               : E_FAIL;
+HRESULT code_of(const ExceptionInformation& exception) noexcept {
+  if (FAILED(exception.scode)) return exception.scode;
+  return exception.wCode != 0 ? static_cast<HRESULT>(0x800A0000UL + exception.wCode) : E_FAIL;
+}
+
+ComPtr<IErrorInfo> information_of(const ExceptionInformation& exception) noexcept {
   ComPtr<IErrorInfo> information;
   ComPtr<ICreateErrorInfo> creation;
   if (SysStringLen(exception.bstrDescription) != 0 && SUCCEEDED(CreateErrorInfo(creation.receive()))) {
@@ -35,7 +36,7 @@ struct ExceptionInformation : EXCEPINFO {
     creation->SetHelpContext(exception.dwHelpContext);
     creation->QueryInterface(IID_IErrorInfo, information.receive_void());
   }
-  throw Failure{code, information};
+  return information;
 }
 
 /// What an earlier call left on the thread must not pass for the words of the next one that fails.
@@ -74,34 +75,38 @@ HostMember::HostMember(IDispatch* object, const wchar_t* name) : object_(ComPtr<
   raise_call_failure(code);
 }
 
-Variant HostMember::invoke(WORD flags, Variant* arguments, std::size_t count) const {
+void HostMember::raise_if_failed(Outcome outcome) {
+  if (SUCCEEDED(outcome.code)) return;
+  if (outcome.is_exception) throw Failure{outcome.code, std::move(outcome.information)};
+  if (outcome.code == DISP_E_MEMBERNOTFOUND) raise(Fault::MemberNotFound);
+  raise_call_failure(outcome.code);
+}
+
+HostMember::Outcome HostMember::read(Variant* arguments, std::size_t count, Variant& result) const {
   // The platform takes arguments last first.
   std::reverse(arguments, arguments + count);
   static_assert(sizeof(Variant) == sizeof(VARIANT));
   DISPPARAMS parameters{count ? &arguments->get() : nullptr, nullptr, static_cast<UINT>(count), 0};
-  return invoke(flags, parameters);
+  return invoke(DISPATCH_METHOD | DISPATCH_PROPERTYGET, parameters, result.receive());
 }
 
 void HostMember::put(Variant value) const {
   DISPID named = DISPID_PROPERTYPUT;
   DISPPARAMS parameters{&value.get(), &named, 1, 1};
-  invoke(DISPATCH_PROPERTYPUT, parameters);
+  raise_if_failed(invoke(DISPATCH_PROPERTYPUT, parameters, nullptr));
 }
 
-Variant HostMember::invoke(WORD flags, DISPPARAMS& parameters) const {
+HostMember::Outcome HostMember::invoke(WORD flags, DISPPARAMS& parameters, VARIANT* result) const {
   ExceptionInformation exception;
-  Variant result;
   forget_error_information();
-  VARIANT* place = flags & DISPATCH_PROPERTYPUT ? nullptr : result.receive();
   const HRESULT code =
       extended_ ? static_cast<IDispatchEx*>(extended_.get())
-                      ->InvokeEx(id_, LOCALE_USER_DEFAULT, flags, &parameters, place, &exception, nullptr)
-                : object_->Invoke(id_, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters, place, &exception,
+                      ->InvokeEx(id_, LOCALE_USER_DEFAULT, flags, &parameters, result, &exception, nullptr)
+                : object_->Invoke(id_, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters, result, &exception,
                                   nullptr);
-  if (code == DISP_E_EXCEPTION) raise_exception(exception);
-  if (code == DISP_E_MEMBERNOTFOUND) raise(Fault::MemberNotFound);
-  check(code);
-  return result;
+  if (code != DISP_E_EXCEPTION) return {code, nullptr, false};
+  if (exception.pfnDeferredFillIn) exception.pfnDeferredFillIn(&exception);
+  return {code_of(exception), information_of(exception), true};
 }
 
 }  // namespace velmosav

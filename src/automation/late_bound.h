@@ -8,6 +8,7 @@
 #include "automation/platform.h"
 
 #include <array>
+#include <optional>
 
 #include "automation/com_ptr.h"
 #include "automation/variant.h"
@@ -29,15 +30,36 @@ class HostMember {
   template <class... Arguments>
   [[nodiscard]] Variant get(Arguments&&... arguments) const {
     std::array<Variant, sizeof...(Arguments)> values{std::forward<Arguments>(arguments)...};
-    return invoke(DISPATCH_METHOD | DISPATCH_PROPERTYGET, values.data(), values.size());
+    Variant result;
+    raise_if_failed(read(values.data(), values.size(), result));
+    return result;
+  }
+
+  /// The same; nothing when the object fails, which costs no exception. Lack of memory is not skipped.
+  template <class... Arguments>
+  [[nodiscard]] std::optional<Variant> find(Arguments&&... arguments) const {
+    std::array<Variant, sizeof...(Arguments)> values{std::forward<Arguments>(arguments)...};
+    Variant result;
+    Outcome outcome = read(values.data(), values.size(), result);
+    if (SUCCEEDED(outcome.code)) return result;
+    if (outcome.code == E_OUTOFMEMORY) raise_if_failed(std::move(outcome));
+    return std::nullopt;
   }
 
   /// Sets the property.
   void put(Variant value) const;
 
  private:
-  [[nodiscard]] Variant invoke(WORD flags, Variant* arguments, std::size_t count) const;
-  Variant invoke(WORD flags, DISPPARAMS& parameters) const;
+  /// A call's result code, with what an object told that raised an exception.
+  struct Outcome {
+    HRESULT code;
+    ComPtr<IErrorInfo> information;
+    bool is_exception;
+  };
+
+  static void raise_if_failed(Outcome outcome);
+  Outcome read(Variant* arguments, std::size_t count, Variant& result) const;
+  Outcome invoke(WORD flags, DISPPARAMS& parameters, VARIANT* result) const;
 
   ComPtr<IDispatch> object_;
   ComPtr<IDispatch> extended_;  // an IDispatchEx when the name was found there
