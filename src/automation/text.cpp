@@ -26,6 +26,15 @@ Bstr Bstr::of_length(std::size_t length) {
   return text;
 }
 
+LentText::LentText(std::wstring_view text) {
+  if (text.size() > kShort) {
+    long_ = Bstr(text);
+    return;
+  }
+  short_.bytes = static_cast<UINT>(text.size() * sizeof(wchar_t));
+  *std::copy(text.begin(), text.end(), short_.text) = L'\0';
+}
+
 void assign(BSTR& field, std::wstring_view text) { assign(field, Bstr(text)); }
 
 void erase(BSTR& field, std::size_t place, std::size_t count) {

@@ -46,6 +46,26 @@ class Bstr {
   BSTR text_ = nullptr;
 };
 
+/// A text lent to a callee that only reads it. A short one lies in the owner itself, laid out as a BSTR: its
+/// length in bytes, its characters, a null.
+class LentText {
+ public:
+  explicit LentText(std::wstring_view text);
+  LentText(const LentText&) = delete;
+  LentText& operator=(const LentText&) = delete;
+
+  /// Not to be freed or changed.
+  [[nodiscard]] BSTR get() noexcept { return long_.get() ? long_.get() : short_.text; }
+
+ private:
+  static constexpr std::size_t kShort = 62;
+  struct {
+    UINT bytes;
+    wchar_t text[kShort + 1];
+  } short_;
+  Bstr long_;
+};
+
 /// Borrows a text of the host.
 inline std::wstring_view view(BSTR text) noexcept { return {text, SysStringLen(text)}; }
 

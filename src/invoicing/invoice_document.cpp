@@ -26,12 +26,17 @@ const CLSID& dom_class() {
   return choice.clsid;
 }
 
-ComPtr<IXMLDOMDocument> create_document() {
+}  // namespace
+
+ComPtr<IXMLDOMDocument> DomFactory::create_document() {
   // What an earlier call left on the thread must not pass for the words of the DOM.
   SetErrorInfo(0, nullptr);
+  if (!factory_) {
+    check(CoGetClassObject(dom_class(), CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory,
+                           factory_.receive_void()));
+  }
   ComPtr<IXMLDOMDocument> document;
-  check(CoCreateInstance(dom_class(), nullptr, CLSCTX_INPROC_SERVER, IID_IXMLDOMDocument,
-                         document.receive_void()));
+  check(factory_->CreateInstance(nullptr, IID_IXMLDOMDocument, document.receive_void()));
   check(document->put_async(VARIANT_FALSE));
   check(document->put_validateOnParse(VARIANT_FALSE));
   check(document->put_resolveExternals(VARIANT_FALSE));
@@ -39,34 +44,31 @@ ComPtr<IXMLDOMDocument> create_document() {
   return document;
 }
 
-}  // namespace
-
-InvoiceDocument::InvoiceDocument(const InvoiceXMLLibConstants& names, std::wstring_view xml)
-    : names_(names), document_(create_document()) {
-  if (xml.empty()) {
+InvoiceDocument::InvoiceDocument(const InvoiceXMLLibConstants& names, DomFactory& dom, BSTR xml)
+    : names_(names), document_(dom.create_document()) {
+  if (view(xml).empty()) {
     root_ = make_element(names_.m_pc_XInv_INV);
-  } else if (keeps_to_bounds(xml)) {
+  } else if (keeps_to_bounds(view(xml))) {
     load(xml);
   }
 }
 
-void InvoiceDocument::load(std::wstring_view xml) {
-  const Bstr text(xml);
+void InvoiceDocument::load(BSTR xml) {
   VARIANT_BOOL loaded = VARIANT_FALSE;
-  check(document_->loadXML(text.get(), &loaded));
+  check(document_->loadXML(xml, &loaded));
   if (!loaded) return;
-  const Bstr name(names_.m_pc_XInv_INV.view());
+  LentText name(names_.m_pc_XInv_INV.view());
   ComPtr<IXMLDOMNode> node;
   check(document_->selectSingleNode(name.get(), node.receive()));
   if (node) check(node->QueryInterface(IID_IXMLDOMElement, root_.receive_void()));
 }
 
 XmlElement InvoiceDocument::make_element(std::wstring_view name, std::wstring_view text) const {
-  const Bstr tag(name);
+  LentText tag(name);
   XmlElement element;
   check(document_->createElement(tag.get(), element.receive()));
   if (!text.empty()) {
-    const Bstr content(text);
+    LentText content(text);
     check(element->put_text(content.get()));
   }
   return element;
@@ -83,9 +85,12 @@ void InvoiceDocument::add_element(const XmlElement& parent, std::wstring_view na
 
 void InvoiceDocument::add_attribute(const XmlElement& element, std::wstring_view name,
                                     std::wstring_view text) const {
-  const Bstr attribute(name);
-  const Variant value{Bstr(text)};
-  check(element->setAttribute(attribute.get(), value.get()));
+  LentText attribute(name);
+  LentText content(text);
+  VARIANT value;  // borrows the text
+  value.vt = VT_BSTR;
+  value.bstrVal = content.get();
+  check(element->setAttribute(attribute.get(), value));
 }
 
 void InvoiceDocument::add_origin(const XmlElement& parent, std::wstring_view code,

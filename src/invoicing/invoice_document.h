@@ -20,11 +20,22 @@ inline constexpr const wchar_t* kDomVersions[] = {L"MSXML2.DOMDocument.4.0", L"M
 
 using XmlElement = ComPtr<IXMLDOMElement>;
 
+/// Makes the documents of one instance. The DOM's class is looked up in the registry once, at the first
+/// document: that takes longer than making one.
+class DomFactory {
+ public:
+  /// Fault 429 when the platform has no DOM.
+  [[nodiscard]] ComPtr<IXMLDOMDocument> create_document();
+
+ private:
+  ComPtr<IClassFactory> factory_;
+};
+
 class InvoiceDocument {
  public:
   /// `names`: the instance's element and attribute names, read at each use. `xml`: the invoice built so far,
-  /// empty for a new one. Fault 429 when the platform has no DOM.
-  InvoiceDocument(const InvoiceXMLLibConstants& names, std::wstring_view xml);
+  /// empty for a new one.
+  InvoiceDocument(const InvoiceXMLLibConstants& names, DomFactory& dom, BSTR xml);
 
   /// False when the text does not load or has no INVOICE at its top.
   [[nodiscard]] bool has_root() const noexcept { return static_cast<bool>(root_); }
@@ -43,7 +54,7 @@ class InvoiceDocument {
   [[nodiscard]] Bstr text() const;
 
  private:
-  void load(std::wstring_view xml);
+  void load(BSTR xml);
 
   const InvoiceXMLLibConstants& names_;
   ComPtr<IXMLDOMDocument> document_;

@@ -37,9 +37,9 @@ HeaderAddress site_address(const Type_Contrat& contract) {
           first.Ville, first.Tel,      first.Fax, first.Mobile,   first.EMail};
 }
 
-Bstr add_invoice_header(const InvoiceXMLLibConstants& names, const InvoiceHeader& header,
-                        std::wstring_view xml) {
-  const InvoiceDocument invoice(names, xml);
+Bstr add_invoice_header(const InvoiceXMLLibConstants& names, DomFactory& dom, const InvoiceHeader& header,
+                        BSTR xml) {
+  const InvoiceDocument invoice(names, dom, xml);
   if (!invoice.has_root()) return {};
   const XmlElement& root = invoice.root();
   invoice.add_element(root, names.m_pc_XInv_CODE, header.code);

@@ -6,7 +6,7 @@
 #include <VelmoSAV_DLL14.h>
 
 #include "automation/text.h"
-#include "constants/constant_sets.h"
+#include "invoicing/invoice_document.h"
 
 namespace velmosav {
 
@@ -28,7 +28,7 @@ struct InvoiceHeader {
 };
 
 /// The invoice text with the header's elements appended; empty when `xml` does not load or holds no invoice.
-Bstr add_invoice_header(const InvoiceXMLLibConstants& names, const InvoiceHeader& header,
-                        std::wstring_view xml);
+Bstr add_invoice_header(const InvoiceXMLLibConstants& names, DomFactory& dom, const InvoiceHeader& header,
+                        BSTR xml);
 
 }  // namespace velmosav

@@ -102,10 +102,10 @@ void add_vat_shares(const InvoiceRows& rows, const Type_CadencierFact& row, std:
 
 }  // namespace
 
-Bstr add_intervention_lines(const InvoiceXMLLibConstants& names, const Type_Bon& intervention,
-                            std::wstring_view xml, long vat_object, std::wstring_view invoiced_situation,
-                            short& number) {
-  const InvoiceDocument invoice(names, xml);
+Bstr add_intervention_lines(const InvoiceXMLLibConstants& names, DomFactory& dom,
+                            const Type_Bon& intervention, BSTR xml, long vat_object,
+                            std::wstring_view invoiced_situation, short& number) {
+  const InvoiceDocument invoice(names, dom, xml);
   if (!invoice.has_root()) return {};
   const InvoiceRows rows(invoice, kFromIntervention, view(intervention.Code), vat_object, number);
   const std::wstring_view section = names.m_PC_TypLig_Tranche;
@@ -117,9 +117,9 @@ Bstr add_intervention_lines(const InvoiceXMLLibConstants& names, const Type_Bon&
   return invoice.text();
 }
 
-Bstr add_instalment_lines(const InvoiceXMLLibConstants& names, const Type_Contrat& contract, short instalment,
-                          std::wstring_view xml, long vat_object, short& number) {
-  const InvoiceDocument invoice(names, xml);
+Bstr add_instalment_lines(const InvoiceXMLLibConstants& names, DomFactory& dom, const Type_Contrat& contract,
+                          short instalment, BSTR xml, long vat_object, short& number) {
+  const InvoiceDocument invoice(names, dom, xml);
   if (!invoice.has_root()) return {};
   const Type_CadencierFact& row = ArrayView<Type_CadencierFact>(contract.TabCadFact)[instalment];
   const Bstr origin = whole_number_text(row.NumAuto);

@@ -11,18 +11,18 @@
 #include <VelmoSAV_DLL14.h>
 
 #include "automation/text.h"
-#include "constants/constant_sets.h"
+#include "invoicing/invoice_document.h"
 
 namespace velmosav {
 
 /// `invoiced_situation`: the situation of the articles to invoice, the others being shown as covered; empty
 /// when every article is invoiced.
-Bstr add_intervention_lines(const InvoiceXMLLibConstants& names, const Type_Bon& intervention,
-                            std::wstring_view xml, long vat_object, std::wstring_view invoiced_situation,
-                            short& number);
+Bstr add_intervention_lines(const InvoiceXMLLibConstants& names, DomFactory& dom,
+                            const Type_Bon& intervention, BSTR xml, long vat_object,
+                            std::wstring_view invoiced_situation, short& number);
 
 /// Fault 9 when the contract has no billing row `instalment`.
-Bstr add_instalment_lines(const InvoiceXMLLibConstants& names, const Type_Contrat& contract, short instalment,
-                          std::wstring_view xml, long vat_object, short& number);
+Bstr add_instalment_lines(const InvoiceXMLLibConstants& names, DomFactory& dom, const Type_Contrat& contract,
+                          short instalment, BSTR xml, long vat_object, short& number);
 
 }  // namespace velmosav

@@ -29,7 +29,7 @@ class InvoiceXMLLib final : public ClassObject<::_InvoiceXMLLib> {
                                  view(contract.Code),
                                  site_address(contract),
                                  header_address(contract.Adr)};
-      return add_invoice_header(constants_, header, view(sXml));
+      return add_invoice_header(constants_, dom_, header, sXml);
     });
   }
 
@@ -48,7 +48,7 @@ class InvoiceXMLLib final : public ClassObject<::_InvoiceXMLLib> {
                                  view(intervention.Code),
                                  header_address(intervention.Adr),
                                  header_address(required(AdrFact))};
-      return add_invoice_header(constants_, header, view(sXml));
+      return add_invoice_header(constants_, dom_, header, sXml);
     });
   }
 
@@ -64,7 +64,7 @@ class InvoiceXMLLib final : public ClassObject<::_InvoiceXMLLib> {
                                                   BSTR* Resultat) noexcept override {
     return answer(Resultat, [&] {
       short first = 0;
-      return add_intervention_lines(constants_, required(Interv), view(sXml), lPtrTva, view(sValFacToCmpr),
+      return add_intervention_lines(constants_, dom_, required(Interv), sXml, lPtrTva, view(sValFacToCmpr),
                                     iNumLig ? *iNumLig : first);
     });
   }
@@ -73,13 +73,14 @@ class InvoiceXMLLib final : public ClassObject<::_InvoiceXMLLib> {
                                                short* iNumLig, BSTR* Resultat) noexcept override {
     return answer(Resultat, [&] {
       short first = 0;
-      return add_instalment_lines(constants_, required(Ctt), iCad, view(sXml), lPtrTva,
+      return add_instalment_lines(constants_, dom_, required(Ctt), iCad, sXml, lPtrTva,
                                   iNumLig ? *iNumLig : first);
     });
   }
 
  private:
   InvoiceXMLLibConstants constants_;
+  DomFactory dom_;
 };
 
 }  // namespace

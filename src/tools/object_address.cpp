@@ -1,6 +1,8 @@
 #include "tools/object_address.h"
 
+#include <algorithm>
 #include <cstdint>
+#include <iterator>
 
 #include "automation/fault.h"
 
@@ -13,24 +15,36 @@ constexpr DWORD kExecutable =
     PAGE_EXECUTE | PAGE_EXECUTE_READ | PAGE_EXECUTE_READWRITE | PAGE_EXECUTE_WRITECOPY;
 constexpr std::size_t kDispatchSlots = 7;
 
-/// Whether `size` bytes at an address are committed memory with one of the protections.
-bool has_access(const void* address, std::size_t size, DWORD protections) {
-  MEMORY_BASIC_INFORMATION region;
-  if (VirtualQuery(address, &region, sizeof region) == 0) return false;
-  if (region.State != MEM_COMMIT || (region.Protect & PAGE_GUARD) || !(region.Protect & protections))
-    return false;
-  const auto end = static_cast<const char*>(region.BaseAddress) + region.RegionSize;
-  return static_cast<std::size_t>(end - static_cast<const char*>(address)) >= size;
-}
+/// The memory around an address; asked of the platform again only for addresses outside what it told last.
+class Region {
+ public:
+  /// Whether `size` bytes at an address are committed memory with one of the protections.
+  bool has_access(const void* address, std::size_t size, DWORD protections) {
+    const auto first = reinterpret_cast<std::uintptr_t>(address);
+    if (first - base() >= region_.RegionSize && VirtualQuery(address, &region_, sizeof region_) == 0) {
+      return false;
+    }
+    if (region_.State != MEM_COMMIT || (region_.Protect & PAGE_GUARD) || !(region_.Protect & protections)) {
+      return false;
+    }
+    return region_.RegionSize - (first - base()) >= size;
+  }
+
+ private:
+  [[nodiscard]] std::uintptr_t base() const { return reinterpret_cast<std::uintptr_t>(region_.BaseAddress); }
+
+  MEMORY_BASIC_INFORMATION region_{};
+};
 
 bool looks_like_object(const void* address) {
-  if (!has_access(address, sizeof(void*), kReadable)) return false;
+  Region region;
+  if (!region.has_access(address, sizeof(void*), kReadable)) return false;
   const auto* const* vtable = *static_cast<const void* const* const*>(address);
-  if (!has_access(vtable, kDispatchSlots * sizeof(void*), kReadable)) return false;
-  for (std::size_t i = 0; i < kDispatchSlots; ++i) {
-    if (!has_access(vtable[i], 1, kExecutable)) return false;
-  }
-  return true;
+  if (!region.has_access(vtable, kDispatchSlots * sizeof(void*), kReadable)) return false;
+  const void* slots[kDispatchSlots];
+  std::copy_n(vtable, kDispatchSlots, slots);
+  return std::all_of(std::begin(slots), std::end(slots),
+                     [&region](const void* slot) { return region.has_access(slot, 1, kExecutable); });
 }
 
 }  // namespace
