@@ -5,6 +5,7 @@
 #include <cmath>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "automation/fault.h"
 #include "automation/variant.h"
@@ -43,11 +44,49 @@ void localize_exponent_form(Bstr& text) {
   text.get()[point] = separator[0];
 }
 
+/// The user's decimal mark, read once per process; 0 when it is not one character.
+wchar_t decimal_mark() {
+  static const wchar_t cached = [] {
+    wchar_t separator[8] = L"";
+    GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, separator, 8);
+    return separator[0] != 0 && separator[1] == 0 ? separator[0] : L'\0';
+  }();
+  return cached;
+}
+
+/// Digits with a point as a text with the user's mark.
+Bstr localized(std::string_view digits) {
+  Bstr text = Bstr::of_length(digits.size());
+  std::transform(digits.begin(), digits.end(), text.get(),
+                 [](char c) { return c == '.' ? decimal_mark() : static_cast<wchar_t>(c); });
+  return text;
+}
+
+/// Without exponent, and of no more digits than the platform writes.
+bool is_plain(std::string_view text) {
+  if (text.find('e') != std::string_view::npos) return false;
+  const std::size_t first = text.find_first_of("123456789");
+  const auto digits = std::count_if(text.begin() + static_cast<std::ptrdiff_t>(first), text.end(),
+                                    [](char c) { return c >= '0' && c <= '9'; });
+  return digits <= 15;
+}
+
+std::string_view view_of(const char* start, const std::to_chars_result& end) {
+  return {start, static_cast<std::size_t>(end.ptr - start)};
+}
+
 }  // namespace
 
 Bstr number_text(double value) {
   if (value == std::trunc(value) && std::fabs(value) < kFastWholes && !std::signbit(value)) {
     return whole_number_text(static_cast<long>(value));
+  }
+  // The platform makes a description of a language for each number that it writes. A number that 15 digits
+  // tell exactly needs no rounding, in which platforms differ.
+  if (std::isfinite(value) && value != 0 && decimal_mark() != 0) {
+    char digits[40];
+    const std::string_view text = view_of(digits, std::to_chars(digits, digits + sizeof digits, value));
+    if (is_plain(text)) return localized(text);
   }
   Bstr text;
   check_conversion(VarBstrFromR8(value, LOCALE_USER_DEFAULT, 0, text.receive()));
@@ -56,6 +95,12 @@ Bstr number_text(double value) {
 }
 
 Bstr fixed_number_text(double value, int decimals) {
+  if (value >= 0 && !std::signbit(value) && value < kFastWholes && decimals >= 0 && decimals <= 4 &&
+      decimal_mark() != 0) {
+    char digits[40];
+    return localized(view_of(
+        digits, std::to_chars(digits, digits + sizeof digits, value, std::chars_format::fixed, decimals)));
+  }
   std::wstring pattern = L"0";
   if (decimals > 0) pattern.append(1, L'.').append(static_cast<std::size_t>(decimals), L'0');
   Variant number(value);
