@@ -1,5 +1,6 @@
 #include "automation/array.h"
 
+#include <algorithm>
 #include <limits>
 
 #include "automation/fault.h"
@@ -9,7 +10,9 @@ namespace velmosav {
 std::optional<long> upper_bound(const SAFEARRAY* array, unsigned dimension) noexcept {
   if (!array || !array->pvData || dimension == 0 || dimension > array->cDims) return std::nullopt;
   const SAFEARRAYBOUND& bound = array->rgsabound[array->cDims - dimension];
-  return static_cast<long>(static_cast<long long>(bound.lLbound) + bound.cElements - 1);
+  return static_cast<long>(std::clamp<long long>(static_cast<long long>(bound.lLbound) + bound.cElements - 1,
+                                                 std::numeric_limits<long>::min(),
+                                                 std::numeric_limits<long>::max()));
 }
 
 short count_of(const SAFEARRAY* array, unsigned dimension) noexcept {

@@ -10,6 +10,7 @@
 namespace velmosav {
 
 /// Upper bound of a dimension (1 = first); nothing when never dimensioned or when there is no such dimension.
+/// A bound beyond 32 bits is held to them: such an array has no element 0, so that a walk from there faults.
 std::optional<long> upper_bound(const SAFEARRAY* array, unsigned dimension = 1) noexcept;
 
 /// Upper bound + 1; -1 when there is none, or when it does not fit 16 bits.

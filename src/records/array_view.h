@@ -1,6 +1,9 @@
 // A typed view of an array that belongs to the host, with checked access.
 #pragma once
 
+#include <algorithm>
+#include <limits>
+
 #include "automation/array.h"
 #include "automation/fault.h"
 #include "records/record_array.h"
@@ -20,23 +23,27 @@ class ArrayView {
     if (!may_hold<T>(array)) raise(Fault::TypeMismatch);
     elements_ = static_cast<T*>(array->pvData);
     lower_ = array->rgsabound[0].lLbound;
-    length_ = static_cast<long>(array->rgsabound[0].cElements);
+    length_ = array->rgsabound[0].cElements;
+    // Held to what a walk from either end can count with.
+    constexpr long kMost = std::numeric_limits<long>::max();
+    end_ = static_cast<long>(std::clamp<long long>(lower_ + length_, -kMost, kMost));
   }
 
   /// Upper bound + 1: the end of a walk from index 0; 0 when never dimensioned.
-  [[nodiscard]] long end() const noexcept { return elements_ ? lower_ + length_ : 0; }
+  [[nodiscard]] long end() const noexcept { return end_; }
 
   /// Fault 9 outside the bounds.
   T& operator[](long index) const {
-    const long long place = static_cast<long long>(index) - lower_;
+    const long long place = index - lower_;
     if (place < 0 || place >= length_) raise(Fault::SubscriptOutOfRange);
     return elements_[place];
   }
 
  private:
   T* elements_ = nullptr;
-  long lower_ = 0;
-  long length_ = 0;
+  long long lower_ = 0;
+  long long length_ = 0;
+  long end_ = 0;
 };
 
 }  // namespace velmosav
