@@ -11,6 +11,9 @@
 namespace velmosav {
 namespace {
 
+// Set by SafeArrayCreateVector; in no header of the compiler.
+constexpr USHORT kVector = 0x2000;
+
 SAFEARRAY* create(const RecordLayout& layout, long upper) {
   const ComPtr<IRecordInfo> info = record_info(layout.id);
   SAFEARRAYBOUND bound{static_cast<ULONG>(upper) + 1, 0};
@@ -165,6 +168,8 @@ void redim_preserve(SAFEARRAY*& array, const RecordLayout& layout, long upper) {
   if (array->cDims != 1 || array->rgsabound[0].lLbound != 0) raise(Fault::SubscriptOutOfRange);
   if (!may_hold(array, layout)) raise(Fault::TypeMismatch);
   require_resizable(array);
+  // Its elements stand in one block with the array: the platform would free them on their own.
+  if (array->fFeatures & kVector) raise(Fault::ArrayLocked);
   SAFEARRAYBOUND& bound = array->rgsabound[0];
   const auto wanted = static_cast<ULONG>(upper) + 1;
   if (wanted < bound.cElements) {

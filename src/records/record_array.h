@@ -39,7 +39,8 @@ void erase_plain_array(SAFEARRAY*& array, PlainElement kind);
 
 /// Sets the bounds 0 to `upper` and keeps the elements: those beyond are freed, new ones are zero.
 /// An array that was never dimensioned is made, with record information.
-/// Fault 9 for another lower bound or several dimensions, 10 when locked, 13 for another element size.
+/// Fault 9 for another lower bound or several dimensions, 10 when locked, of fixed size or made as
+/// a vector, 13 for another element size.
 void redim_preserve(SAFEARRAY*& array, const RecordLayout& layout, long upper);
 
 template <class Record>

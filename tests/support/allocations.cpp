@@ -83,6 +83,8 @@ class Allocations::Spy final : public IMallocSpy {
       }
       auto* created = new Spy;
       EXPECT_EQ(S_OK, CoRegisterMallocSpy(created));
+      // The platform looks through the blocks allocated since as if there were one at least.
+      CoTaskMemFree(CoTaskMemAlloc(1));
       return created;
     }();
     return *spy;
