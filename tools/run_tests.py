@@ -7,6 +7,7 @@ Usage: run_tests.py BUILD_FOLDER [NAME...]    (NAME: test_contracts, test_exampl
 import json
 import os
 import pathlib
+import re
 import subprocess
 import sys
 import time
@@ -22,19 +23,20 @@ def expected_programs(build):
     return [build / "tests" / f"test_{name}.exe" for name in folders if name != "support"]
 
 
-def run_program(program, report):
+def run_program(program, report, limit=TIME_LIMIT, **environment):
     """(passed, failed, skipped, output) of one GoogleTest program; a crash or a hang counts as a failure."""
     if not program.exists():
         return 0, 1, 0, f"{program.name} was not built"
     report.unlink(missing_ok=True)
     command = ["wine", str(program), f"--gtest_output=json:{report.name}", "--gtest_color=no"]
     try:
-        done = subprocess.run(command, cwd=report.parent, capture_output=True, timeout=TIME_LIMIT, check=False)
+        done = subprocess.run(command, cwd=report.parent, capture_output=True, timeout=limit, check=False,
+                              env={**os.environ, **environment})
         output = (done.stdout + done.stderr).decode("utf-8", "replace")
     except subprocess.TimeoutExpired as late:
-        return 0, 1, 0, f"{(late.stdout or b'').decode('utf-8', 'replace')}\nno end after {TIME_LIMIT} s"
+        return 0, 1, 0, f"{(late.stdout or b'').decode('utf-8', 'replace')}\nno end after {limit} s"
     if not report.exists():
-        return 0, 1, 0, f"{output}\nended with code {done.returncode} and no report"
+        return 0, 1, 0, f"{with_places(output)}\nended with code {done.returncode} and no report"
     result = json.loads(report.read_text(encoding="utf-8"))
     tests = [test for suite in result["testsuites"] for test in suite["testsuite"]]
     failed = sum(1 for test in tests if test.get("failures"))
@@ -44,15 +46,36 @@ def run_program(program, report):
     return len(tests) - failed - skipped, failed, skipped, output
 
 
+def with_places(output):
+    """The output; where it names a place inside a program or DLL, the line of source behind it."""
+    def add_line(found):
+        program = pathlib.Path(found[1].removeprefix("Z:").replace("\\", "/"))
+        place = image_base(program) + int(found[2], 16)
+        named = subprocess.run(["i686-w64-mingw32-addr2line", "-Cfe", program, hex(place)], capture_output=True,
+                               text=True, check=False).stdout.split("\n")
+        return f"{found[0]}: {', '.join(filter(None, reversed(named)))}"
+    return re.sub(r"(Z:[^\n+]+\.(?:exe|dll)) ?\+ ?([0-9a-f]+)", add_line, output)
+
+
+def image_base(program):
+    """The address that the linker meant the program to be loaded at."""
+    content = program.read_bytes()
+    header = int.from_bytes(content[0x3C:0x40], "little")
+    return int.from_bytes(content[header + 0x34:header + 0x38], "little")
+
+
 def failures_of(output):
     """What a program said between the start and the end of each failing test."""
-    kept, current = [], []
+    kept, current, running = [], [], False
     for line in output.splitlines():
         if line.startswith("[ RUN"):
-            current = []
+            current, running = [], True
         current.append(line)
         if line.startswith("[  FAILED  ]") and "(" in line:
             kept += current
+        running = running and not line.startswith(("[  FAILED  ]", "[       OK ]"))
+    if running:  # the program ended in it
+        kept += current
     return "\n".join(kept[-200:]) or "\n".join(output.splitlines()[-40:])
 
 
