@@ -1,11 +1,19 @@
 #include "contracts/popup_menu.h"
 
+#include <cstring>
+
 #include "automation/late_bound.h"
 #include "automation/number_text.h"
 #include "automation/text.h"
 
 namespace velmosav {
-IndMenuPop choose_from_menu(IDispatch* button, std::span<const MenuEntry> entries) {
+
+void store(IndMenuPop* place, MenuChoice choice) noexcept {
+  static_assert(sizeof *place == sizeof choice.number);
+  std::memcpy(place, &choice.number, sizeof *place);
+}
+
+MenuChoice choose_from_menu(IDispatch* button, std::span<const MenuEntry> entries) {
   const ComPtr<IDispatch> menu = create_object(kPopupMenu);
   const HostMember add(menu.get(), L"AddItem");
   for (const MenuEntry& entry : entries) {
@@ -17,8 +25,8 @@ IndMenuPop choose_from_menu(IDispatch* button, std::span<const MenuEntry> entrie
   Variant window = HostObject(button).get(L"hWnd");
   const Variant answer = HostObject(menu.get()).get(L"ExecuteFromWindow", std::move(window));
   const Bstr key = to_text(answer.get());
-  if (is_blank(key.view())) return IndMenuPop_None;
-  return static_cast<IndMenuPop>(to_short(answer.get()));
+  if (is_blank(key.view())) return {IndMenuPop_None};
+  return {to_short(answer.get())};
 }
 
 }  // namespace velmosav

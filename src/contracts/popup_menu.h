@@ -19,9 +19,16 @@ struct MenuEntry {
   bool separator_after = false;
 };
 
+/// The number of the entry chosen. The component may answer any other, which the enumeration cannot hold: it
+/// is passed on as it is.
+struct MenuChoice {
+  long number;
+};
+void store(IndMenuPop* place, MenuChoice choice) noexcept;
+
 /// Shows the entries for a button (an object with an `hWnd`) and waits for the choice; IndMenuPop_None when
 /// the menu is dismissed. Faults: 429 without the companion object, 438 for a button without window, 13 for a
 /// strange answer.
-IndMenuPop choose_from_menu(IDispatch* button, std::span<const MenuEntry> entries);
+MenuChoice choose_from_menu(IDispatch* button, std::span<const MenuEntry> entries);
 
 }  // namespace velmosav

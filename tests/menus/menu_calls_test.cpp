@@ -103,6 +103,18 @@ TEST_F(MenuCalls, TheKeyComesBackAsItsNumber) {
   EXPECT_EQ(12, answer_to(text_value(L"12")));
 }
 
+TEST_F(MenuCalls, AKeyOfNoEntry_ComesBackAsItsNumber) {
+  for (const short key : {short{13}, short{16}, short{9999}, short{-2}, short{-32768}}) {
+    const ScriptedPopup popup{host::Variant(long{key})};
+    // As a number: the enumeration cannot hold these.
+    long number = 7;
+    IDispatch* button = button_.object().get();
+    EXPECT_EQ(S_OK, contracts_->OpenPopupMenu_CttSite(&button, VARIANT_TRUE, VARIANT_TRUE, VARIANT_TRUE,
+                                                      VARIANT_TRUE, reinterpret_cast<IndMenuPop*>(&number)));
+    EXPECT_EQ(key, number);
+  }
+}
+
 TEST_F(MenuCalls, AKeyBetweenBlanks_CountsTrimmed) { EXPECT_EQ(11, answer_to(text_value(L"  11 "))); }
 
 TEST_F(MenuCalls, AnEmptyKey_ReturnsMinus1) {
