@@ -109,24 +109,43 @@ struct FastReading {
 
 constexpr FastReading kUnknown{};
 
+/// The numbers of a text, which need not make a date.
+struct Numbers {
+  int day_number;
+  int month_number;
+  int year_number;
+  bool full;  // four digits of the year were written
+
+  [[nodiscard]] year_month_day date() const {
+    return year(year_number) / month(static_cast<unsigned>(month_number)) /
+           day(static_cast<unsigned>(day_number));
+  }
+};
+
 /// d/m/yy, dd/mm/yyyy and the like, without time of day: the forms that a schedule is made of.
-FastReading fast_parse(std::wstring_view text) {
+std::optional<Numbers> numbers_of(std::wstring_view text) {
   const int day_number = take_digits(text, 1, 2);
-  if (day_number < 1 || !take(text, L'/')) return kUnknown;
+  if (day_number < 1 || !take(text, L'/')) return std::nullopt;
   const int month_number = take_digits(text, 1, 2);
-  if (month_number < 1 || !take(text, L'/')) return kUnknown;
+  if (month_number < 1 || !take(text, L'/')) return std::nullopt;
   const std::size_t year_digits = text.size();
-  if (year_digits != 2 && year_digits != 4) return kUnknown;
+  if (year_digits != 2 && year_digits != 4) return std::nullopt;
   int year_number = take_digits(text, year_digits, year_digits);
   if (year_digits == 2 && year_number >= 0) year_number = full_year(year_number);
-  if (year_number < kFirstYear) return kUnknown;
-  const year_month_day date =
-      year(year_number) / month(static_cast<unsigned>(month_number)) / day(static_cast<unsigned>(day_number));
+  if (year_number < kFirstYear) return std::nullopt;
+  return Numbers{day_number, month_number, year_number, year_digits == 4};
+}
+
+FastReading fast_parse(std::wstring_view text) {
+  const auto numbers = numbers_of(text);
+  if (!numbers) return kUnknown;
+  const year_month_day date = numbers->date();
   if (date.ok()) return {FastReading::Kind::Date, static_cast<DATE>(serial_of(date))};
   // A day behind the end of its month can be no month, and a year of four digits no day: read in any order it
   // is no date. What the platform makes of other texts is the platform's.
+  const int day_number = numbers->day_number;
   const bool behind_its_month = date.month().ok() && day_number > 28 && day_number <= 31;
-  return behind_its_month && year_digits == 4 ? FastReading{FastReading::Kind::NoDate} : kUnknown;
+  return behind_its_month && numbers->full ? FastReading{FastReading::Kind::NoDate} : kUnknown;
 }
 
 Bstr platform_format(DATE date, std::wstring_view pattern) {
@@ -145,17 +164,34 @@ wchar_t* put_two_digits(wchar_t* place, unsigned value) {
   return place;
 }
 
-Bstr fast_format(year_month_day date, int year_digits, wchar_t separator) {
-  wchar_t text[10];
-  wchar_t* end = put_two_digits(text, unsigned(date.day()));
-  *end++ = separator;
-  end = put_two_digits(end, unsigned(date.month()));
-  *end++ = separator;
-  const auto year_number = static_cast<unsigned>(int(date.year()));
-  if (year_digits == 4) end = put_two_digits(end, year_number / 100);
-  end = put_two_digits(end, year_number);
-  return Bstr(std::wstring_view(text, static_cast<std::size_t>(end - text)));
+/// Digits of the year in a pattern that is written without the platform's help; 0 for any other.
+int year_digits_of(std::wstring_view pattern) {
+  return pattern == L"dd/mm/yy" ? 2 : pattern == L"dd/mm/yyyy" ? 4 : 0;
 }
+
+bool is_written_fast(year_month_day date) {
+  return int(date.year()) >= 1000 && int(date.year()) <= kLastYear;
+}
+
+/// A day in one of these patterns.
+class FastText {
+ public:
+  FastText(year_month_day date, int year_digits, wchar_t separator) {
+    wchar_t* end = put_two_digits(text_, unsigned(date.day()));
+    *end++ = separator;
+    end = put_two_digits(end, unsigned(date.month()));
+    *end++ = separator;
+    const auto year_number = static_cast<unsigned>(int(date.year()));
+    if (year_digits == 4) end = put_two_digits(end, year_number / 100);
+    end = put_two_digits(end, year_number);
+    length_ = static_cast<std::size_t>(end - text_);
+  }
+  [[nodiscard]] std::wstring_view view() const { return {text_, length_}; }
+
+ private:
+  wchar_t text_[10];
+  std::size_t length_;
+};
 
 }  // namespace
 
@@ -175,14 +211,44 @@ DATE to_date(std::wstring_view text) {
 }
 
 Bstr format_date(DATE date, std::wstring_view pattern) {
-  const int year_digits = pattern == L"dd/mm/yy" ? 2 : pattern == L"dd/mm/yyyy" ? 4 : 0;
+  const int year_digits = year_digits_of(pattern);
   if (year_digits != 0 && settings().separator != 0) {
     const year_month_day calendar = calendar_day(date);
-    if (int(calendar.year()) >= 1000 && int(calendar.year()) <= kLastYear) {
-      return fast_format(calendar, year_digits, settings().separator);
+    if (is_written_fast(calendar)) {
+      return Bstr(FastText(calendar, year_digits, settings().separator).view());
     }
   }
   return platform_format(date, pattern);
+}
+
+WrittenDate write_date(DATE date, std::wstring_view pattern) {
+  const int year_digits = year_digits_of(pattern);
+  if (year_digits != 0 && settings().slashed_day_first) {
+    const year_month_day calendar = calendar_day(date);
+    const int year_number = int(calendar.year());
+    if (is_written_fast(calendar) && (year_digits == 4 || full_year(year_number % 100) == year_number)) {
+      return {Bstr(FastText(calendar, year_digits, L'/').view()), static_cast<DATE>(serial_of(date))};
+    }
+  }
+  Bstr text = format_date(date, pattern);
+  const DATE read = to_date(text.view());
+  return {std::move(text), read};
+}
+
+Bstr neighbour_date_text(std::wstring_view text, int step, std::wstring_view pattern) {
+  const int year_digits = year_digits_of(pattern);
+  if (year_digits != 0 && settings().slashed_day_first) {
+    const auto numbers = numbers_of(text);
+    // Inside every month the neighbour has the same month and year.
+    if (numbers && numbers->month_number <= 12 && numbers->day_number > 1 && numbers->day_number < 28) {
+      const year_month_day date = numbers->date();
+      const auto moved = day(static_cast<unsigned>(numbers->day_number + step));
+      if (is_written_fast(date)) {
+        return Bstr(FastText(date.year() / date.month() / moved, year_digits, L'/').view());
+      }
+    }
+  }
+  return format_date(add_to_date(to_date(text), L"d", step), pattern);
 }
 
 Bstr format_date_text(std::wstring_view text, std::wstring_view pattern) {
@@ -248,11 +314,15 @@ DATE today() noexcept {
   return static_cast<DATE>(serial_of(year(now.wYear) / month(now.wMonth) / day(now.wDay)));
 }
 
+CalendarDay calendar_parts(DATE date) noexcept {
+  const year_month_day calendar = calendar_day(date);
+  return {int(calendar.year()), static_cast<int>(unsigned(calendar.month())),
+          static_cast<int>(unsigned(calendar.day()))};
+}
+
 int calendar_year(DATE date) noexcept { return int(calendar_day(date).year()); }
 
 int calendar_month(DATE date) noexcept { return static_cast<int>(unsigned(calendar_day(date).month())); }
-
-int calendar_day_of_month(DATE date) noexcept { return static_cast<int>(unsigned(calendar_day(date).day())); }
 
 int weekday(DATE date) noexcept {
   const std::chrono::weekday day(kEpoch + days(serial_of(date)));

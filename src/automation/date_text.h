@@ -23,6 +23,17 @@ Bstr format_date(DATE date, std::wstring_view pattern);
 /// Writes a text's date by a pattern; a text that is no date comes back as it is.
 Bstr format_date_text(std::wstring_view text, std::wstring_view pattern);
 
+/// A text that a step wrote, and the date that the next one reads in it: two digits of a year may lead into
+/// another century. Fault 13 where the platform does not read what it wrote.
+struct WrittenDate {
+  Bstr text;
+  DATE date;
+};
+WrittenDate write_date(DATE date, std::wstring_view pattern);
+
+/// The day before (-1) or behind (1) a text's date, by a pattern; fault 13 when the text is no date.
+Bstr neighbour_date_text(std::wstring_view text, int step, std::wstring_view pattern);
+
 /// A day as a step writes it before another reads it: "31/04/2026", months with or without their zero.
 class DayText {
  public:
@@ -49,7 +60,12 @@ DATE today() noexcept;
 /// Parts of a date.
 int calendar_year(DATE date) noexcept;
 int calendar_month(DATE date) noexcept;
-int calendar_day_of_month(DATE date) noexcept;
+struct CalendarDay {
+  int year;
+  int month;
+  int day;
+};
+CalendarDay calendar_parts(DATE date) noexcept;
 /// 1 = Sunday to 7 = Saturday.
 int weekday(DATE date) noexcept;
 

@@ -1,8 +1,10 @@
 // Dates of neighbouring periods, and the spreading of an edited date over them.
+#include <algorithm>
+#include <deque>
+#include <iterator>
 #include <limits>
 #include <optional>
 #include <utility>
-#include <vector>
 
 #include "automation/date_text.h"
 #include "contracts/billing_schedule.h"
@@ -14,27 +16,18 @@ namespace {
 
 std::wstring_view date_format() { return initial<ApiGeneralConstants>.m_FMT_DATE; }
 
-/// A text that a step wrote, and the date that the next one reads in it: two digits of a year may lead into
-/// another century.
-struct WrittenDate {
-  explicit WrittenDate(Bstr written) : text(std::move(written)), date(to_date(text.view())) {}
-
-  Bstr text;
-  DATE date;
-};
-
 /// The contract's end, which holds the dates of its periods; read at its first use.
 class ContractEnd {
  public:
   explicit ContractEnd(const Type_Contrat& contract) : text_(view(contract.DateFin)) {}
 
-  /// The date as text, or the contract's end where that is earlier.
-  [[nodiscard]] Bstr cap(DATE date) {
-    Bstr written = format_date(date, date_format());
+  /// The date written, or the contract's end where that is earlier.
+  [[nodiscard]] WrittenDate cap(DATE date) {
+    WrittenDate written = write_date(date, date_format());
     if (is_blank(text_)) return written;
     if (!read_) date_ = to_date(text_);
     read_ = true;
-    return days_between(to_date(written.view()), date_) < 0 ? Bstr(text_) : std::move(written);
+    return days_between(written.date, date_) < 0 ? WrittenDate{Bstr(text_), date_} : std::move(written);
   }
 
  private:
@@ -43,37 +36,74 @@ class ContractEnd {
   bool read_ = false;
 };
 
-/// Texts computed for fields of the schedule, stored all together once nothing can fail any more.
+/// Texts computed for fields of the schedule, stored all together once nothing can fail any more. A text of
+/// the same length is written over the field's own.
 class PendingDates {
  public:
-  void set(BSTR& field, Bstr text) { changes_.push_back({&field, std::move(text)}); }
+  void set(BSTR& field, std::wstring_view text) {
+    Change& change = changes_.emplace_back(field);
+    if (text.size() == view(field).size() && text.size() <= std::size(change.characters)) {
+      change.length = text.size();
+      std::copy(text.begin(), text.end(), change.characters);
+    } else {
+      change.other = Bstr(text);
+    }
+  }
   void apply() noexcept {
-    for (Change& change : changes_) change.text.swap(*change.field);
+    for (Change& change : changes_) {
+      if (change.length != 0) {
+        std::copy_n(change.characters, change.length, change.field);
+      } else {
+        change.other.swap(change.field);
+      }
+    }
   }
 
  private:
   struct Change {
-    BSTR* field;
-    Bstr text;
+    explicit Change(BSTR& changed) : field(changed) {}
+
+    BSTR& field;
+    std::size_t length = 0;
+    wchar_t characters[10];
+    Bstr other;  // of another length
   };
-  std::vector<Change> changes_;
+  std::deque<Change> changes_;
 };
 
+using Rows = ArrayView<Type_CadencierFact>;
+
+/// Asks for what the walk reads of the rows ahead: each lies on pages of its own, which the processor does
+/// not foresee.
+void look_ahead(const Rows& rows, long row, long step) {
+  constexpr long kRowsAhead = 4;
+  const auto exists = [&rows](long index) { return index >= rows.begin() && index < rows.end(); };
+  if (const long next = row + kRowsAhead * step; exists(next)) {
+    __builtin_prefetch(rows[next].DateDeb);
+    __builtin_prefetch(rows[next].DateFin);
+  }
+  if (const long later = row + 2 * kRowsAhead * step; exists(later)) {
+    __builtin_prefetch(&rows[later].DateDeb);
+    __builtin_prefetch(&rows[later].Transfere);
+  }
+}
+
 short spread_forward(const Type_Contrat& contract, short row, std::wstring_view date, PendingDates& dates) {
-  const ArrayView<Type_CadencierFact> rows(contract.TabCadFact);
+  const Rows rows(contract.TabCadFact);
   const short count = count_of(contract.TabCadFact);
   ContractEnd contract_end(contract);
   std::optional<DATE> end;  // of the row before
   short result = row;
   for (long i = row + 1L; i < count; ++i) {
+    look_ahead(rows, i, 1);
     Type_CadencierFact& next = rows[i];
     if (next.Transfere) return -1;
     if (!end) end = to_date(date);
-    WrittenDate start(contract_end.cap(add_to_date(*end, L"d", 1)));
+    WrittenDate start = contract_end.cap(add_to_date(*end, L"d", 1));
     result = static_cast<short>(i);
     const bool over = days_between(start.date, to_date(view(next.DateFin))) < 0;
-    if (over) dates.set(next.DateFin, Bstr(start.text.view()));
-    dates.set(next.DateDeb, std::move(start.text));
+    if (over) dates.set(next.DateFin, start.text.view());
+    dates.set(next.DateDeb, start.text.view());
     if (!over) break;
     end = start.date;
   }
@@ -82,44 +112,50 @@ short spread_forward(const Type_Contrat& contract, short row, std::wstring_view 
 
 short spread_backward(const Type_Contrat& contract, short row, std::wstring_view date, PendingDates& dates) {
   if (row == 0) return -1;
-  const ArrayView<Type_CadencierFact> rows(contract.TabCadFact);
+  const Rows rows(contract.TabCadFact);
   ContractEnd contract_end(contract);
   std::optional<DATE> start;  // of the row behind
   std::optional<DATE> contract_start;
   short result = row;
   for (long i = row - 1L; i >= 0; --i) {
+    look_ahead(rows, i, -1);
     Type_CadencierFact& previous = rows[i];
     if (previous.Transfere) return -1;
     if (!start) start = to_date(date);
-    WrittenDate end(contract_end.cap(add_to_date(*start, L"d", -1)));
+    WrittenDate end = contract_end.cap(add_to_date(*start, L"d", -1));
     if (!contract_start) contract_start = to_date(view(contract.DateDeb));
     if (days_between(*contract_start, end.date) < 0) return -1;
     result = static_cast<short>(i);
     const bool not_begun = days_between(to_date(view(previous.DateDeb)), end.date) < 0;
-    if (not_begun) dates.set(previous.DateDeb, Bstr(end.text.view()));
-    dates.set(previous.DateFin, std::move(end.text));
+    if (not_begun) dates.set(previous.DateDeb, end.text.view());
+    dates.set(previous.DateFin, end.text.view());
     if (!not_begun) break;
     start = end.date;
   }
   return result;
 }
 
+Bstr capped_neighbour(const Type_Contrat& contract, std::wstring_view date, int step) {
+  if (is_blank(view(contract.DateFin))) return neighbour_date_text(date, step, date_format());
+  return ContractEnd(contract).cap(add_to_date(to_date(date), L"d", step)).text;
+}
+
 }  // namespace
 
 Bstr period_end_before(std::wstring_view next_start) {
-  return format_date(add_to_date(to_date(next_start), L"d", -1), date_format());
+  return neighbour_date_text(next_start, -1, date_format());
 }
 
 Bstr period_start_after(std::wstring_view previous_end) {
-  return format_date(add_to_date(to_date(previous_end), L"d", 1), date_format());
+  return neighbour_date_text(previous_end, 1, date_format());
 }
 
 Bstr capped_period_start_after(const Type_Contrat& contract, std::wstring_view previous_end) {
-  return ContractEnd(contract).cap(add_to_date(to_date(previous_end), L"d", 1));
+  return capped_neighbour(contract, previous_end, 1);
 }
 
 Bstr capped_period_end_before(const Type_Contrat& contract, std::wstring_view next_start) {
-  return ContractEnd(contract).cap(add_to_date(to_date(next_start), L"d", -1));
+  return capped_neighbour(contract, next_start, -1);
 }
 
 short spread_edited_date(Type_Contrat& contract, short row, std::wstring_view date, bool start) {

@@ -68,11 +68,11 @@ Bstr neighbour_month_date(const PeriodiciteConstants& constants, std::wstring_vi
                        short_year_format());
   }
 
-  const int month = calendar_month(origin);
-  const int found = next_listed_month(view(rule.Mois), month, step);
+  const CalendarDay day = calendar_parts(origin);
+  const int found = next_listed_month(view(rule.Mois), day.month, step);
   if (found == 0) return Bstr(date);
-  const int year = calendar_year(origin) + (found * step > month * step ? 0 : step);
-  const DayText moved(calendar_day_of_month(origin), found, year);
+  const int year = day.year + (found * step > day.month * step ? 0 : step);
+  const DayText moved(day.day, found, year);
   const auto found_date = parse_date(moved.view());
   if (!found_date) return corrected_date(moved.view());
   return corrected_date(format_date(*found_date, initial<ApiGeneralConstants>.m_FMT_DATE_Y4));

@@ -129,7 +129,7 @@ TEST(DateArithmetic, PartsOfEveryDayAreThePlatformsOwn) {
     const SYSTEMTIME parts = parts_of(date);
     ASSERT_EQ(parts.wYear, velmosav::calendar_year(date + 0.75)) << date;
     ASSERT_EQ(parts.wMonth, velmosav::calendar_month(date + 0.75)) << date;
-    ASSERT_EQ(parts.wDay, velmosav::calendar_day_of_month(date + 0.75)) << date;
+    ASSERT_EQ(parts.wDay, velmosav::calendar_parts(date + 0.75).day) << date;
     ASSERT_EQ(parts.wDayOfWeek + 1, velmosav::weekday(date + 0.75)) << date;
   }
 }
