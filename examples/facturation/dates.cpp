@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cmath>
+#include <map>
 
 #include "com_support.h"
 
@@ -34,9 +35,15 @@ std::optional<DATE> parse_day(std::string_view text) {
 }
 
 std::optional<DATE> platform_day(BSTR text) {
+  if (!text) return std::nullopt;
+  // Schedules share few dates: the platform reads each of them once.
+  static std::map<std::wstring, std::optional<DATE>, std::less<>> known;
+  const std::wstring_view key(text, SysStringLen(text));
+  const auto place = known.lower_bound(key);
+  if (place != known.end() && place->first == key) return place->second;
   DATE date = 0;
-  if (!text || FAILED(VarDateFromStr(text, LOCALE_USER_DEFAULT, 0, &date))) return std::nullopt;
-  return std::floor(date);
+  const bool read = SUCCEEDED(VarDateFromStr(text, LOCALE_USER_DEFAULT, 0, &date));
+  return known.emplace_hint(place, key, read ? std::optional(std::floor(date)) : std::nullopt)->second;
 }
 
 bool survives_two_digits(std::string_view day) {

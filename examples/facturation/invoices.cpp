@@ -1,7 +1,6 @@
 #include "invoices.h"
 
 #include <cstdio>
-#include <fstream>
 #include <limits>
 
 namespace facturation {
@@ -40,7 +39,8 @@ InvoiceWriter::InvoiceWriter(Library& library, VatTable& table, Problems& proble
       problems_(problems),
       folder_(std::move(folder)),
       date_(std::move(date)),
-      preview_(preview) {}
+      preview_(preview),
+      files_(folder_) {}
 
 void InvoiceWriter::write(const std::vector<DueLine>& lines,
                           const std::function<void(std::size_t)>& advance) {
@@ -72,6 +72,7 @@ void InvoiceWriter::write(const std::vector<DueLine>& lines,
     }
     advance(documents.size());
   }
+  files_.finish();
 }
 
 InvoiceSummary InvoiceWriter::make(const std::string& code, const std::vector<const DueLine*>& documents) {
@@ -88,8 +89,8 @@ InvoiceSummary InvoiceWriter::make(const std::string& code, const std::vector<co
     summary.totals += totals_of(*document);
   }
   summary.lines = count_rows(xml, library_.codes().row_element);
-  save(code, xml);
   if (preview_) preview_->write(xml, tariff_of(*documents[0]), folder_ / (code + ".html"));
+  files_.add(code, std::move(xml));
   return summary;
 }
 
@@ -100,14 +101,6 @@ Text InvoiceWriter::start(const DueLine& first, const std::string& code) {
                                             Text(date_));
   if (xml.empty()) throw ComFailure("la bibliothèque a rendu un en-tête vide");
   return xml;
-}
-
-void InvoiceWriter::save(const std::string& code, const Text& xml) const {
-  const std::filesystem::path path = folder_ / (code + ".xml");
-  std::ofstream file(path, std::ios::binary | std::ios::trunc);
-  file << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n" << to_utf8(xml.view()) << "\r\n";
-  file.close();
-  if (!file) throw std::runtime_error("impossible d'écrire " + to_utf8(path.wstring()));
 }
 
 }  // namespace facturation

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "grid.h"
+#include "invoice_files.h"
 #include "preview.h"
 
 namespace facturation {
@@ -24,7 +25,8 @@ class InvoiceWriter {
   InvoiceWriter(Library& library, VatTable& table, Problems& problems, std::filesystem::path folder,
                 std::string date, const Preview* preview);
 
-  /// Makes the invoices of the ticked lines; `advance` is told how many lines were done.
+  /// Makes the invoices of the ticked lines and writes their files; `advance` is told how many lines were
+  /// done.
   void write(const std::vector<DueLine>& lines, const std::function<void(std::size_t)>& advance);
 
   [[nodiscard]] const std::vector<InvoiceSummary>& invoices() const { return invoices_; }
@@ -32,7 +34,6 @@ class InvoiceWriter {
  private:
   InvoiceSummary make(const std::string& code, const std::vector<const DueLine*>& documents);
   Text start(const DueLine& first, const std::string& code);
-  void save(const std::string& code, const Text& xml) const;
 
   Library& library_;
   VatTable& table_;
@@ -40,6 +41,7 @@ class InvoiceWriter {
   std::filesystem::path folder_;
   std::string date_;
   const Preview* preview_;
+  InvoiceFiles files_;
   int last_number_ = 0;
   std::vector<InvoiceSummary> invoices_;
 };
