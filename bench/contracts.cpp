@@ -16,11 +16,18 @@ constexpr long kInterventions = 4000;
 constexpr long kBillingRows = 2000;
 constexpr DATE kFirstDay = 45658;  // 01/01/2025
 
-std::wstring day_text(long day) {
+enum class Year { TwoDigits, FourDigits };
+
+/// With two digits of the year, as the library writes dates, or with four.
+std::wstring day_text(long day, Year digits = Year::TwoDigits) {
   SYSTEMTIME parts{};
   VariantTimeToSystemTime(kFirstDay + static_cast<double>(day), &parts);
   wchar_t text[16];
-  swprintf(text, 16, L"%02d/%02d/%04d", parts.wDay, parts.wMonth, parts.wYear);
+  if (digits == Year::TwoDigits) {
+    swprintf(text, 16, L"%02d/%02d/%02d", parts.wDay, parts.wMonth, parts.wYear % 100);
+  } else {
+    swprintf(text, 16, L"%02d/%02d/%04d", parts.wDay, parts.wMonth, parts.wYear);
+  }
   return text;
 }
 
@@ -42,25 +49,26 @@ void add_interventions(Type_Contrat& contract, long count) {
 }
 
 /// Billing periods of two days each, one after the other.
-void set_period(Type_CadencierFact& row, long index) {
-  host::set(row.DateDeb, day_text(2 * index));
-  host::set(row.DateFin, day_text(2 * index + 1));
+void set_period(Type_CadencierFact& row, long index, Year digits) {
+  host::set(row.DateDeb, day_text(2 * index, digits));
+  host::set(row.DateFin, day_text(2 * index + 1, digits));
 }
 
-void add_billing(Type_Contrat& contract, long count) {
-  host::set(contract.DateDeb, day_text(0));
-  host::set(contract.DateFin, day_text(8 * count));
+void add_billing(Type_Contrat& contract, long count, Year digits) {
+  host::set(contract.DateDeb, day_text(0, Year::FourDigits));
+  host::set(contract.DateFin, day_text(8 * count, Year::FourDigits));
   host::dimension<Type_CadencierFact>(contract.TabCadFact, static_cast<unsigned long>(count));
   for (long i = 0; i < count; ++i) {
-    set_period(element<Type_CadencierFact>(contract.TabCadFact, static_cast<unsigned long>(i)), i);
+    set_period(element<Type_CadencierFact>(contract.TabCadFact, static_cast<unsigned long>(i)), i, digits);
   }
 }
 
 class ContractWork {
  public:
-  ContractWork(long interventions, long billing) : contracts_(host::create<_ContratDoc>(L"ContratDoc")) {
+  ContractWork(long interventions, long billing, Year digits = Year::TwoDigits)
+      : contracts_(host::create<_ContratDoc>(L"ContratDoc")), digits_(digits) {
     add_interventions(**contract_, interventions);
-    add_billing(**contract_, billing);
+    add_billing(**contract_, billing, digits);
     moved_end_ = day_text(2 * billing);
   }
 
@@ -117,7 +125,7 @@ class ContractWork {
     return [*this] {
       const auto rows = (*contract_)->TabCadFact->rgsabound[0].cElements;
       for (unsigned long i = 0; i < rows; ++i) {
-        set_period(element<Type_CadencierFact>((*contract_)->TabCadFact, i), static_cast<long>(i));
+        set_period(element<Type_CadencierFact>((*contract_)->TabCadFact, i), static_cast<long>(i), digits_);
       }
     };
   }
@@ -125,6 +133,7 @@ class ContractWork {
   host::ComPtr<_ContratDoc> contracts_;
   std::shared_ptr<Record<Type_Contrat>> contract_ = std::make_shared<Record<Type_Contrat>>();
   std::wstring moved_end_;
+  Year digits_;
 };
 
 }  // namespace
@@ -138,6 +147,10 @@ void measure_contracts(Bench& bench) {
   }
   if (bench.wants("spread-all")) {
     bench.compare("spread-all", work.spread_to_all(), work.literal_spread_to_all());
+  }
+  if (bench.wants("spread-all-rewritten")) {
+    const ContractWork other(kInterventions, kBillingRows, Year::FourDigits);
+    bench.compare("spread-all-rewritten", other.spread_to_all(), other.literal_spread_to_all());
   }
   bench.grow("labels", "`CheckLibInterCtt`", kInterventions / 16,
              [](long size) { return ContractWork(size, 1).labels(); });

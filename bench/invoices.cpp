@@ -1,10 +1,8 @@
 // The XML invoice beside the bare DOM: the same texts loaded and serialised, with nothing added.
-#include <msxml2.h>
-
 #include <memory>
 
+#include "dom.h"
 #include "invoicing/invoice_fixture.h"
-#include "invoicing/grid.h"
 #include "works.h"
 
 namespace bench {
@@ -14,44 +12,6 @@ using host::ComPtr;
 using host::Text;
 
 constexpr long kInvoiceRows = 500;
-constexpr int kInstalments = 10000;
-constexpr int kInvoices = 1000;
-
-/// The DOM that the library takes: the first that is registered.
-CLSID dom_class() {
-  CLSID found{};
-  for (const wchar_t* name :
-       {L"MSXML2.DOMDocument.4.0", L"MSXML2.DOMDocument.6.0", L"MSXML2.DOMDocument.3.0"}) {
-    if (SUCCEEDED(CLSIDFromProgID(name, &found))) return found;
-  }
-  must(REGDB_E_CLASSNOTREG, "DOMDocument");
-  return found;
-}
-
-/// With the library's settings.
-ComPtr<IXMLDOMDocument> create_document() {
-  static const CLSID id = dom_class();
-  ComPtr<IXMLDOMDocument> document;
-  must(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IXMLDOMDocument, document.receive_void()),
-       "DOMDocument");
-  document->put_async(VARIANT_FALSE);
-  document->put_validateOnParse(VARIANT_FALSE);
-  document->put_resolveExternals(VARIANT_FALSE);
-  document->put_preserveWhiteSpace(VARIANT_TRUE);
-  return document;
-}
-
-void load_and_serialise(const Text& xml) {
-  const auto document = create_document();
-  VARIANT_BOOL loaded = VARIANT_FALSE;
-  must(document->loadXML(xml, &loaded), "loadXML");
-  if (!loaded) must(E_FAIL, "loadXML");
-  const Text name(L"INVOICE");
-  ComPtr<IXMLDOMNode> root;
-  must(document->selectSingleNode(name, root.receive()), "selectSingleNode");
-  Text written;
-  must(root->get_xml(&written), "xml");
-}
 
 /// A contract of one instalment, shared out over two VAT codes.
 host::Record<Type_Contrat> contract() {
@@ -100,65 +60,21 @@ Operation add_onto(InvoiceWork& work, const Text& xml) {
   }};
 }
 
-host::Grid due_lines() {
-  host::Grid grid(kInstalments);
-  for (long row = 0; row < kInstalments; ++row) {
-    grid.set(row, IndTabGener_ColCodeCli, host::text_value(L"CLI" + std::to_wstring(row % kInvoices)));
-    grid.set(row, IndTabGener_ColTypeDoc, host::text_value(L"G"));
-    grid.set(row, IndTabGener_ColSelect, host::bool_value(true));
-  }
-  return grid;
-}
+}  // namespace
 
-/// The whole road: the grid grouped, then each invoice begun and lengthened.
-void make_invoices(InvoiceWork& work, _Generation* generation) {
-  host::Grid grid = due_lines();
-  must(generation->RegroupementFacture(grid), "RegroupementFacture");
-  for (int invoice = 0; invoice < kInvoices; ++invoice) {
-    Text xml = work.head();
-    short line = 0;
-    for (int i = 0; i < kInstalments / kInvoices; ++i) xml = work.add(xml, line);
-  }
-}
-
-/// What the DOM alone does for these invoices: each text that a call was given or began with.
-void load_and_serialise_invoices(const std::vector<Text>& steps) {
-  for (int invoice = 0; invoice < kInvoices; ++invoice) {
-    for (const Text& step : steps) load_and_serialise(step);
-  }
-}
-
-void measure_one_row(Bench& bench, InvoiceWork& work) {
+void measure_invoices(Bench& bench) {
   if (!bench.wants("invoice-row")) return;
+  InvoiceWork work;
+  BareDom dom;
   const Text xml = work.of_rows(kInvoiceRows);
-  bench.compare("invoice-row", add_onto(work, xml), {[&xml] { load_and_serialise(xml); }});
+  bench.compare("invoice-row", add_onto(work, xml),
+                {[&] { const Text written = dom.load(xml).serialise(); }});
   std::vector<std::unique_ptr<Text>> texts;
   bench.grow("invoice-row", "`AddCttToInvoiceXML`, onto an invoice of N rows", kInvoiceRows / 4,
              [&](long rows) {
                texts.push_back(std::make_unique<Text>(work.of_rows(rows)));
                return add_onto(work, *texts.back());
              });
-}
-
-void measure_campaign(Bench& bench, InvoiceWork& work) {
-  if (!bench.wants("invoicing")) return;
-  const auto generation = host::create<_Generation>(L"Generation");
-  std::vector<Text> steps;
-  steps.push_back(work.head());
-  short line = 0;
-  for (Text xml = work.head(); steps.size() <= kInstalments / kInvoices; xml = work.add(xml, line)) {
-    steps.push_back(Text(xml.str()));
-  }
-  bench.compare("invoicing", {[&] { make_invoices(work, generation.get()); }},
-                {[&] { load_and_serialise_invoices(steps); }});
-}
-
-}  // namespace
-
-void measure_invoices(Bench& bench) {
-  InvoiceWork work;
-  measure_one_row(bench, work);
-  measure_campaign(bench, work);
 }
 
 }  // namespace bench

@@ -57,6 +57,7 @@ int main(int count, char** words) {
   bench::measure_amounts(bench);
   bench::measure_code_lists(bench);
   bench::measure_invoices(bench);
+  bench::measure_demo_host(bench);
   const std::string text = document(bench);
   std::fputs(text.c_str(), stdout);
   if (document_path && !write(document_path, text)) return 2;

@@ -84,7 +84,16 @@ std::string document(const Bench& bench) {
          "compare\n"
          "  the library's answers with it on random input.\n"
          "- *platform date route*: `VarDateFromStr`, then `VarFormat` of the date.\n"
-         "- *bare DOM*: load, select the root and serialise the same texts, with nothing added.\n\n"
+         "- *bare DOM*: a document of a class factory that is kept loads the text, selects the root and "
+         "serialises\n"
+         "  it, with nothing added.\n"
+         "- *the same texts made with nothing but the DOM*: every call's document, load, selection, new "
+         "elements and\n"
+         "  serialisation, made directly, on the texts of two invoices in turn; its texts are compared with "
+         "the\n"
+         "  library's. The demonstration host is the whole program: data files read and checked, schedules "
+         "built, lines\n"
+         "  grouped, invoice files written, summary printed.\n\n"
          "## Floors\n\n" +
          comparisons_table(bench) +
          "\n## Growth\n\n"

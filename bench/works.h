@@ -12,5 +12,6 @@ void measure_contracts(Bench& bench);
 void measure_amounts(Bench& bench);
 void measure_code_lists(Bench& bench);
 void measure_invoices(Bench& bench);
+void measure_demo_host(Bench& bench);
 
 }  // namespace bench
