@@ -159,8 +159,8 @@ def table_of(files):
 
 def reasons_table(rows):
     return {"title": "Lines that no test executes",
-            "text": "Each line of `src/` that the tests do not execute, with its reason. A line without a reason, and a "
-                    "reason without its line, fail the command.",
+            "text": "Each line of `src/` that the tests do not execute, with its reason. A line without a reason, and "
+                    "a reason without its line, fail the command.",
             "columns": ["file", "line", "reason"],
             "rows": [[path, f"`{text}`", reason] for path, text, reason in rows]}
 
@@ -175,7 +175,8 @@ def main(root, build, tables):
     if tables and not faults:
         tables.mkdir(parents=True, exist_ok=True)
         for name, piece in (("40-coverage", table), ("41-uncovered", reasons_table(rows))):
-            (tables / f"{name}.json").write_text(json.dumps(piece, ensure_ascii=False, indent=1) + "\n", encoding="utf-8")
+            text = json.dumps(piece, ensure_ascii=False, indent=1) + "\n"
+            (tables / f"{name}.json").write_text(text, encoding="utf-8")
     return 1 if faults else 0
 
 
