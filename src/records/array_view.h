@@ -29,7 +29,7 @@ class ArrayView {
     end_ = static_cast<long>(std::clamp<long long>(lower_ + length_, -kMost, kMost));
   }
 
-  [[nodiscard]] long begin() const noexcept { return lower_; }
+  [[nodiscard]] long begin() const noexcept { return static_cast<long>(lower_); }
   /// Upper bound + 1: the end of a walk from index 0; 0 when never dimensioned.
   [[nodiscard]] long end() const noexcept { return end_; }
 
