@@ -44,21 +44,18 @@ void localize_exponent_form(Bstr& text) {
   text.get()[point] = separator[0];
 }
 
-/// The user's decimal mark, read once per process; 0 when it is not one character.
+/// The user's decimal mark at this moment; 0 when it is not one character.
 wchar_t decimal_mark() {
-  static const wchar_t cached = [] {
-    wchar_t separator[8] = L"";
-    GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, separator, 8);
-    return separator[0] != 0 && separator[1] == 0 ? separator[0] : L'\0';
-  }();
-  return cached;
+  wchar_t separator[8] = L"";
+  GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, separator, 8);
+  return separator[0] != 0 && separator[1] == 0 ? separator[0] : L'\0';
 }
 
 /// Digits with a point as a text with the user's mark.
-Bstr localized(std::string_view digits) {
+Bstr localized(std::string_view digits, wchar_t mark) {
   Bstr text = Bstr::of_length(digits.size());
   std::transform(digits.begin(), digits.end(), text.get(),
-                 [](char c) { return c == '.' ? decimal_mark() : static_cast<wchar_t>(c); });
+                 [mark](char c) { return c == '.' ? mark : static_cast<wchar_t>(c); });
   return text;
 }
 
@@ -83,10 +80,10 @@ Bstr number_text(double value) {
   }
   // The platform makes a description of a language for each number that it writes. A number that 15 digits
   // tell exactly needs no rounding, in which platforms differ.
-  if (std::isfinite(value) && value != 0 && decimal_mark() != 0) {
+  if (const wchar_t mark = decimal_mark(); std::isfinite(value) && value != 0 && mark != 0) {
     char digits[40];
     const std::string_view text = view_of(digits, std::to_chars(digits, digits + sizeof digits, value));
-    if (is_plain(text)) return localized(text);
+    if (is_plain(text)) return localized(text, mark);
   }
   Bstr text;
   check_conversion(VarBstrFromR8(value, LOCALE_USER_DEFAULT, 0, text.receive()));
@@ -95,11 +92,12 @@ Bstr number_text(double value) {
 }
 
 Bstr fixed_number_text(double value, int decimals) {
+  const wchar_t mark = decimal_mark();
   if (value >= 0 && !std::signbit(value) && value < kFastWholes && decimals >= 0 && decimals <= 4 &&
-      decimal_mark() != 0) {
+      mark != 0) {
     char digits[40];
-    return localized(view_of(
-        digits, std::to_chars(digits, digits + sizeof digits, value, std::chars_format::fixed, decimals)));
+    const auto end = std::to_chars(digits, digits + sizeof digits, value, std::chars_format::fixed, decimals);
+    return localized(view_of(digits, end), mark);
   }
   std::wstring pattern = L"0";
   if (decimals > 0) pattern.append(1, L'.').append(static_cast<std::size_t>(decimals), L'0');
