@@ -61,6 +61,11 @@ TEST(Periodicite, CheckDate_Year2100CountsAsALeapYearAndStaysUnformatted) {
   EXPECT_EQ(L"29/02/2100", Recurrence().checked(L"31/02/2100"));
 }
 
+TEST(Periodicite, CheckDate_AYearWithAFractionIsRoundedForTheLeapYearAndWrittenAsItIs) {
+  EXPECT_EQ(L"28/02/0,9", Recurrence().checked(L"29/02/.9"));
+  EXPECT_EQ(L"29/02/0,4", Recurrence().checked(L"29/02/.4"));
+}
+
 TEST(Periodicite, CheckDate_Year1900CountsAsALeapYearToo) {
   EXPECT_EQ(L"29/02/1900", Recurrence().checked(L"30/02/1900"));
 }
