@@ -48,7 +48,6 @@ bool is_refused(const char* function) {
 }
 
 // --- the C run-time
-// -------------------------------------------------------------------------------------------
 
 void* allocate(std::size_t size) {
   State& now = state();
@@ -104,18 +103,9 @@ void* __cdecl replaced_realloc(void* block, std::size_t size) {
   return moved;
 }
 
-char* __cdecl replaced_strdup(const char* text) {
-  if (is_refused("_strdup")) return nullptr;
-  const std::size_t size = std::strlen(text) + 1;
-  auto* const copy = static_cast<char*>(allocate(size));
-  if (copy) std::memcpy(copy, text, size);
-  return copy;
-}
-
 void __cdecl replaced_free(void* block) { release(block); }
 
 // --- the platform
-// ---------------------------------------------------------------------------------------------
 
 /// The DLL's own address of each replaced function.
 template <class Tag>
@@ -151,7 +141,6 @@ constexpr LSTATUS kNoMemory = ERROR_OUTOFMEMORY;  // what HRESULT_FROM_WIN32 tur
   FUNCTION(VarFormat, E_OUTOFMEMORY)                 \
   FUNCTION(GetRecordInfoFromTypeInfo, E_OUTOFMEMORY) \
   FUNCTION(LoadTypeLibEx, E_OUTOFMEMORY)             \
-  FUNCTION(QueryPathOfRegTypeLib, E_OUTOFMEMORY)     \
   FUNCTION(RegisterTypeLib, E_OUTOFMEMORY)           \
   FUNCTION(UnRegisterTypeLib, E_OUTOFMEMORY)         \
   FUNCTION(CLSIDFromProgID, E_OUTOFMEMORY)           \
@@ -181,12 +170,11 @@ void* address_of(Function* function) {
 }
 
 const std::vector<Import>& replaced_imports() {
-  static void* unused[5];
+  static void* unused[4];
   static const std::vector<Import> list{{"malloc", address_of(replaced_malloc), &unused[0]},
                                         {"calloc", address_of(replaced_calloc), &unused[1]},
                                         {"realloc", address_of(replaced_realloc), &unused[2]},
-                                        {"_strdup", address_of(replaced_strdup), &unused[3]},
-                                        {"free", address_of(replaced_free), &unused[4]},
+                                        {"free", address_of(replaced_free), &unused[3]},
 #define ENTRY(function, answer)                                                     \
   {#function, address_of(&Replacement<function##_tag, decltype(::function)>::call), \
    &original<function##_tag>},
