@@ -21,10 +21,11 @@ from run_tests import expected_programs, failures_of, run_examples, run_program,
 
 TIME_LIMIT = 900  # seconds for one program: several times what it takes without checks
 HEAP_CHECKS = {"SAV_HEAP": "1", "WINEDEBUG": "-all,err+heap,warn+heap"}
+# Without those that compare times: what the heap's checks cost grows with the number of blocks.
 WITH_HEAP_CHECKS = ("amounts", "contract", "controls", "dates", "documents", "environment", "frame", "help", "internal",
-                    "invoicing", "menus", "reference", "services", "sites", "tools")
+                    "invoicing", "menus", "reference", "services", "tools")
 # Without those that place blocks there themselves or make too many of them, and those that the guard makes slow.
-ON_GUARD_PAGES = ("controls", "documents", "frame", "internal", "menus", "services", "tools")
+ON_GUARD_PAGES = ("controls", "documents", "frame", "menus", "services", "tools")
 PROOFS = {"overflow": "undefined behaviour", "index": "abort"}
 
 
