@@ -56,7 +56,7 @@ inline constexpr std::array kFloors{
     Floor{"spread-all", "the same, all rows move", "literal algorithm", Bound::AtLeast, 200},
     // No text fits where the former one lies: two new ones a row, and two to free.
     Floor{"spread-all-rewritten", "the same, all rows move, from dates with four digits of the year",
-          "literal algorithm", Bound::AtLeast, 100},
+          "literal algorithm", Bound::AtLeast, 50},
     Floor{"spread-amount", "`GetAmountByRepartTVA`, 5 codes in use", "literal algorithm", Bound::AtLeast, 5},
     Floor{"count-codes", "`ListeCodes_NbCodes`, 20,000 codes", "literal algorithm", Bound::AtLeast, 50},
     Floor{"extract-codes", "`ListeCodes_ExtractionCode` of the last of 20,000 codes", "literal algorithm",

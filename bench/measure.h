@@ -42,7 +42,7 @@ struct Growth {
 
 /// Larger tables leave the processor's caches: a growth up to this above N log N holds. That of N squared is
 /// 12 above it.
-inline constexpr double kGrowthTolerance = 4;
+inline constexpr double kGrowthTolerance = 2;
 
 class Bench {
  public:
