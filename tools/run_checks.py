@@ -17,9 +17,8 @@ import subprocess
 import sys
 import time
 
-from run_tests import expected_programs, failures_of, run_examples, run_program, with_places
+from run_tests import TIME_LIMIT, expected_programs, failures_of, run_examples, run_program, with_places
 
-TIME_LIMIT = 900  # seconds for one program: several times what it takes without checks
 HEAP_CHECKS = {"SAV_HEAP": "1", "WINEDEBUG": "-all,err+heap,warn+heap"}
 # Without those that compare times: what the heap's checks cost grows with the number of blocks.
 WITH_HEAP_CHECKS = ("amounts", "contract", "controls", "dates", "documents", "environment", "frame", "help", "internal",
@@ -73,7 +72,7 @@ def main(build, table):
     programs = expected_programs(build)
 
     def jobs(names, **environment):
-        return [(p.stem, lambda p=p: run_program(p, reports / f"{p.stem}.json", TIME_LIMIT, **environment))
+        return [(p.stem, lambda p=p: run_program(p, reports / f"{p.stem}.json", **environment))
                 for p in programs if p.stem.removeprefix("test_") in names]
 
     unproven = list(prove(build / "tests" / "test_internal.exe"))

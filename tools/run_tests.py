@@ -23,18 +23,18 @@ def expected_programs(build):
     return [build / "tests" / f"test_{name}.exe" for name in folders if name not in ("support", "package")]
 
 
-def run_program(program, report, limit=TIME_LIMIT, **environment):
+def run_program(program, report, **environment):
     """(passed, failed, skipped, output) of one GoogleTest program; a crash or a hang counts as a failure."""
     if not program.exists():
         return 0, 1, 0, f"{program.name} was not built"
     report.unlink(missing_ok=True)
     command = ["wine", str(program), f"--gtest_output=json:{report.name}", "--gtest_color=no"]
     try:
-        done = subprocess.run(command, cwd=report.parent, capture_output=True, timeout=limit, check=False,
+        done = subprocess.run(command, cwd=report.parent, capture_output=True, timeout=TIME_LIMIT, check=False,
                               env={**os.environ, **environment})
         output = (done.stdout + done.stderr).decode("utf-8", "replace")
     except subprocess.TimeoutExpired as late:
-        return 0, 1, 0, f"{(late.stdout or b'').decode('utf-8', 'replace')}\nno end after {limit} s"
+        return 0, 1, 0, f"{(late.stdout or b'').decode('utf-8', 'replace')}\nno end after {TIME_LIMIT} s"
     if not report.exists():
         return 0, 1, 0, f"{with_places(output)}\nended with code {done.returncode} and no report"
     result = json.loads(report.read_text(encoding="utf-8"))
