@@ -21,6 +21,8 @@ import pathlib
 import subprocess
 import sys
 
+from reliability import write_piece
+
 GCOV = "i686-w64-mingw32-gcov-posix"
 REASONS = "tests/coverage_reasons.txt"
 
@@ -173,10 +175,8 @@ def main(root, build, tables):
         print(f"{row[0]:12}" + "".join(f"{cell:>10}" for cell in row[1:]))
     print("\n".join(faults) or f"{len(rows)} lines are executed by no test, each for a reason")
     if tables and not faults:
-        tables.mkdir(parents=True, exist_ok=True)
         for name, piece in (("40-coverage", table), ("41-uncovered", reasons_table(rows))):
-            text = json.dumps(piece, ensure_ascii=False, indent=1) + "\n"
-            (tables / f"{name}.json").write_text(text, encoding="utf-8")
+            write_piece(tables / f"{name}.json", piece)
     return 1 if faults else 0
 
 

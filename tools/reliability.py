@@ -59,17 +59,17 @@ def take_over(root, names):
         if name not in PIECES:
             fail(f"{name}: say in tools/reliability.py which command makes it")
         piece = json.loads(found[name].read_text(encoding="utf-8"))
-        kept.mkdir(exist_ok=True)
-        (kept / f"{name}.json").write_text(written(piece), encoding="utf-8")
+        write_piece(kept / f"{name}.json", piece)
         found[name].unlink()
     return taken
 
 
-def written(piece):
-    """A piece as it is kept: a row is a line, so that a change of figures reads well."""
+def write_piece(path, piece):
+    """Writes a piece as it is kept: a row is a line, so that a change of figures reads well."""
     rows = ",\n".join("  " + json.dumps(row, ensure_ascii=False) for row in piece["rows"])
     head = "".join(f' "{key}": {json.dumps(piece[key], ensure_ascii=False)},\n' for key in ("title", "text", "columns"))
-    return "{\n" + head + f' "rows": [\n{rows}\n ]\n}}\n'
+    path.parent.mkdir(parents=True, exist_ok=True)
+    path.write_text("{\n" + head + f' "rows": [\n{rows}\n ]\n}}\n', encoding="utf-8")
 
 
 def read_pieces(root):

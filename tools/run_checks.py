@@ -9,7 +9,6 @@ pages. Faults made on purpose show first that each check finds what it is for; a
 when it ended, the place and the line of source. Writes the figures to TABLE (JSON). Ends with 1 after any failure.
 """
 
-import json
 import os
 import pathlib
 import re
@@ -17,6 +16,7 @@ import subprocess
 import sys
 import time
 
+from reliability import write_piece
 from run_tests import TIME_LIMIT, expected_programs, failures_of, run_examples, run_program, with_places
 
 HEAP_CHECKS = {"SAV_HEAP": "1", "WINEDEBUG": "-all,err+heap,warn+heap"}
@@ -102,8 +102,7 @@ def main(build, table):
         "columns": ["run", "what it finds", "tests", "failures"],
         "rows": [[name, finds[name], f"{tests:,}", str(failures)] for name, (tests, failures) in runs.items()],
     }
-    table.parent.mkdir(parents=True, exist_ok=True)
-    table.write_text(json.dumps(piece, ensure_ascii=False, indent=1) + "\n", encoding="utf-8")
+    write_piece(table, piece)
     failures = len(unproven) + sum(failures for _, failures in runs.values())
     print(f"{sum(tests for tests, _ in runs.values())} tests, {failures} failures; {places} checked places in the DLL")
     return 1 if failures else 0

@@ -16,6 +16,8 @@ import subprocess
 import sys
 import threading
 
+from reliability import write_piece
+
 JOBS = 2
 CHUNK = 1_000_000  # calls of one process
 COUNTS = ("calls", "successes", "faults", "findings")
@@ -119,8 +121,7 @@ def main(build, calls, table, seed):
     tally = Tally(calls)
     with concurrent.futures.ThreadPoolExecutor(JOBS) as pool:
         list(pool.map(lambda one: soak(program, one, calls // JOBS, tally), seeds))
-    table.parent.mkdir(parents=True, exist_ok=True)
-    table.write_text(json.dumps(table_of(tally, seeds), ensure_ascii=False, indent=1) + "\n", encoding="utf-8")
+    write_piece(table, table_of(tally, seeds))
     print(f"{tally.calls:,} calls, {len(tally.findings)} findings; seeds {', '.join(map(str, seeds))}")
     return 1 if tally.findings else 0
 

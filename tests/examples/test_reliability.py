@@ -88,6 +88,13 @@ class Pieces(unittest.TestCase):
         self.assertTrue((self.made / "10-misuse.json").exists())
         self.fails("20-memory", lambda: reliability.take_over(self.root, ["20-memory"]))
 
+    def test_a_written_piece_is_read_as_it_was_and_has_a_line_for_each_row(self):
+        piece = PIECE | {"text": "É \"a\"\nb", "rows": [["é", "1"], ["b\\", "2"]]}
+        reliability.write_piece(self.root / "new" / "20-memory.json", piece)
+        text = (self.root / "new" / "20-memory.json").read_text(encoding="utf-8")
+        self.assertEqual(piece, json.loads(text))
+        self.assertIn('\n  ["é", "1"],\n', text)
+
     def test_a_section_has_a_table_with_every_row(self):
         text = reliability.section("10-misuse", PIECE)
         self.assertIn("| what | number |\n| --- | ---: |\n| a \\| b | 1,000 |\n", text)
