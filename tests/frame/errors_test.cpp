@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "frame/record_argument.h"
+#include "support/error_information.h"
 #include "support/fake_object.h"
 
 namespace {
@@ -12,6 +13,7 @@ using host::ComPtr;
 using host::ErrorReport;
 using host::FakeObject;
 using host::Invocation;
+using host::leave_error;
 using host::Outcome;
 using host::Record;
 using host::take_error;
@@ -20,17 +22,6 @@ using host::Variant;
 
 constexpr HRESULT kDivisionByZero = static_cast<HRESULT>(0x800A000B);
 constexpr HRESULT kRefusal = static_cast<HRESULT>(0x80041234UL);
-
-/// Leaves information on the thread, as a failing object of the host does.
-void leave_error(const wchar_t* source, const wchar_t* description) {
-  ComPtr<ICreateErrorInfo> creation;
-  ComPtr<IErrorInfo> information;
-  ASSERT_EQ(S_OK, CreateErrorInfo(creation.receive()));
-  creation->SetSource(const_cast<wchar_t*>(source));
-  creation->SetDescription(const_cast<wchar_t*>(description));
-  ASSERT_EQ(S_OK, creation->QueryInterface(IID_IErrorInfo, information.receive_void()));
-  SetErrorInfo(0, information.get());
-}
 
 /// Information of the host on the thread that does something when it is given up. Kept by the test: a system
 /// that is entered again while it gives one up does so twice.

@@ -2,6 +2,7 @@
 // behind, or failed without words of their own.
 #include "frame/invocation.h"
 #include "frame/record_argument.h"
+#include "support/error_information.h"
 #include "support/fake_object.h"
 
 namespace {
@@ -290,16 +291,6 @@ TEST(MisuseFindings, AnObjectThatFailsWithoutWords_GetsATextOfTheLibrary) {
   EXPECT_FALSE(host::take_error().description.empty());
 }
 
-/// Leaves information on the thread, as an earlier failure of the host does.
-void leave_error(const wchar_t* text) {
-  ComPtr<ICreateErrorInfo> creation;
-  ComPtr<IErrorInfo> information;
-  ASSERT_EQ(S_OK, CreateErrorInfo(creation.receive()));
-  creation->SetDescription(const_cast<wchar_t*>(text));
-  ASSERT_EQ(S_OK, creation->QueryInterface(IID_IErrorInfo, information.receive_void()));
-  SetErrorInfo(0, information.get());
-}
-
 /// Fails at every name, with a code alone.
 class Disconnected final : public IDispatch {
  public:
@@ -325,7 +316,7 @@ TEST(MisuseFindings, AnObjectThatFailsWithACodeAlone_DoesNotGetTheTextOfAnEarlie
   const auto outil = create<_Outil>(L"Outil");
   Disconnected object;
   IDispatch* variable = &object;
-  leave_error(L"un appel d'avant");
+  host::leave_error(nullptr, L"un appel d'avant");
   EXPECT_EQ(RPC_E_DISCONNECTED, outil->SetRegionStdBout(&variable));
   const host::ErrorReport report = host::take_error();
   EXPECT_FALSE(report.description.empty());

@@ -5,6 +5,7 @@
 
 #include "misuse/ledger.h"
 #include "misuse/watch.h"
+#include "support/error_information.h"
 
 namespace misuse {
 namespace {
@@ -15,14 +16,7 @@ constexpr wchar_t kFormerFailure[] = L"un appel d'avant";
 
 /// Error information that an earlier call of the host has left on the thread.
 IErrorInfo* former_failure() {
-  static IErrorInfo* const left = [] {
-    ComPtr<ICreateErrorInfo> creation;
-    ComPtr<IErrorInfo> information;
-    CreateErrorInfo(creation.receive());
-    creation->SetDescription(const_cast<wchar_t*>(kFormerFailure));
-    creation->QueryInterface(IID_IErrorInfo, information.receive_void());
-    return information.detach();
-  }();
+  static IErrorInfo* const left = host::error_information(nullptr, kFormerFailure).detach();
   return left;
 }
 

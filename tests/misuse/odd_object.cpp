@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "misuse/odd_numbers.h"
+#include "support/error_information.h"
 
 namespace misuse {
 namespace {
@@ -31,13 +32,9 @@ std::vector<std::wstring>& known_names() {
 }
 
 void leave_error_information(Dice& dice) {
-  ComPtr<ICreateErrorInfo> creation;
-  ComPtr<IErrorInfo> information;
-  CreateErrorInfo(creation.receive());
-  if (dice.coin()) creation->SetDescription(const_cast<wchar_t*>(dice.coin() ? L"refus de l'objet" : L""));
-  if (dice.coin()) creation->SetSource(const_cast<wchar_t*>(L"hote"));
-  creation->QueryInterface(IID_IErrorInfo, information.receive_void());
-  SetErrorInfo(0, information.get());
+  const wchar_t* description = nullptr;
+  if (dice.coin()) description = dice.coin() ? L"refus de l'objet" : L"";
+  host::leave_error(dice.coin() ? L"hote" : nullptr, description);
 }
 
 HRESULT STDMETHODCALLTYPE fill_in_late(EXCEPINFO* exception) {
