@@ -1,11 +1,11 @@
 #include "misuse/ledger.h"
 
-#include "automation/platform.h"
-
 #include <cstdint>
 #include <cstring>
 #include <utility>
 #include <vector>
+
+#include "support/malloc_spy.h"
 
 namespace misuse::ledger {
 namespace {
@@ -84,17 +84,9 @@ class Table {
   std::size_t count_ = 0;
 };
 
-/// Called by the platform around every operation, one thread at a time.
-class Spy final : public IMallocSpy {
+/// Enters each block and strikes it off.
+class Spy final : public host::MallocSpy {
  public:
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
-    if (iid != IID_IUnknown && iid != IID_IMallocSpy) return E_NOINTERFACE;
-    *object = this;
-    return S_OK;
-  }
-  ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
-  ULONG STDMETHODCALLTYPE Release() override { return 1; }
-
   SIZE_T STDMETHODCALLTYPE PreAlloc(SIZE_T size) override {
     size_ = size;
     return size;
@@ -115,7 +107,6 @@ class Spy final : public IMallocSpy {
     table.remove(block);
     return block;
   }
-  void STDMETHODCALLTYPE PostFree(BOOL) override {}
   SIZE_T STDMETHODCALLTYPE PreRealloc(void* block, SIZE_T size, void** request, BOOL) override {
     if (block) table.remove(block);
     size_ = size;
@@ -123,23 +114,15 @@ class Spy final : public IMallocSpy {
     return size;
   }
   void* STDMETHODCALLTYPE PostRealloc(void* block, BOOL) override { return PostAlloc(block); }
-  void* STDMETHODCALLTYPE PreGetSize(void* block, BOOL) override { return block; }
-  SIZE_T STDMETHODCALLTYPE PostGetSize(SIZE_T size, BOOL) override { return size; }
-  void* STDMETHODCALLTYPE PreDidAlloc(void* block, BOOL) override { return block; }
-  int STDMETHODCALLTYPE PostDidAlloc(void*, BOOL, int answer) override { return answer; }
-  void STDMETHODCALLTYPE PreHeapMinimize() override {}
-  void STDMETHODCALLTYPE PostHeapMinimize() override {}
 
   Table table;
   std::size_t wrong_frees = 0;
   bool stops = false;
 
  private:
-  virtual ~Spy() = default;
   std::size_t size_ = 0;
 };
 
-/// Never released: the platform keeps it as long as one of its blocks lives.
 Spy& spy() {
   static Spy* const created = new Spy;
   return *created;
@@ -149,11 +132,8 @@ Spy& spy() {
 
 void open() {
   static const bool opened = [] {
-    using SetOaNoCache = void(WINAPI*)();
-    if (const FARPROC address = GetProcAddress(GetModuleHandleW(L"oleaut32.dll"), "SetOaNoCache")) {
-      reinterpret_cast<SetOaNoCache>(reinterpret_cast<void*>(address))();
-    }
-    return SUCCEEDED(CoRegisterMallocSpy(&spy()));
+    spy().watch();
+    return true;
   }();
   (void)opened;
 }

@@ -7,23 +7,14 @@
 #include <utility>
 
 #include "support/guard_pages.h"
+#include "support/malloc_spy.h"
 
 namespace host {
 
-/// Called by the platform's allocator around every operation. Holds the addresses of the blocks that were
-/// allocated while counting and live still, and can put each on guard pages. Registered once and kept for the
-/// process: the platform does not
-/// let go of it as long as one of its blocks lives.
-class Allocations::Spy final : public IMallocSpy {
+/// Holds the addresses of the blocks that were allocated while counting and live still, and can put each on
+/// guard pages.
+class Allocations::Spy final : public MallocSpy {
  public:
-  HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
-    if (iid != IID_IUnknown && iid != IID_IMallocSpy) return E_NOINTERFACE;
-    *object = this;
-    return S_OK;
-  }
-  ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
-  ULONG STDMETHODCALLTYPE Release() override { return 1; }
-
   SIZE_T STDMETHODCALLTYPE PreAlloc(SIZE_T size) override {
     placed_ = guarding_ ? guard::allocate(size) : nullptr;
     return placed_ ? kStandIn : size;
@@ -37,7 +28,6 @@ class Allocations::Spy final : public IMallocSpy {
     blocks_.erase(block);
     return guard::owns(block) ? taken_back(block) : block;
   }
-  void STDMETHODCALLTYPE PostFree(BOOL) override {}
   SIZE_T STDMETHODCALLTYPE PreRealloc(void* block, SIZE_T size, void** request, BOOL) override {
     blocks_.erase(block);
     old_ = guard::owns(block) ? block : nullptr;
@@ -70,21 +60,11 @@ class Allocations::Spy final : public IMallocSpy {
   void* STDMETHODCALLTYPE PreDidAlloc(void* block, BOOL) override {
     return guard::owns(block) ? stand_ins_.at(block) : block;
   }
-  int STDMETHODCALLTYPE PostDidAlloc(void*, BOOL, int answer) override { return answer; }
-  void STDMETHODCALLTYPE PreHeapMinimize() override {}
-  void STDMETHODCALLTYPE PostHeapMinimize() override {}
 
   static Spy& registered() {
     static Spy* const spy = [] {
-      // The platform keeps freed texts for the next ones: every free must be seen.
-      using SetOaNoCache = void(WINAPI*)();
-      if (const FARPROC address = GetProcAddress(GetModuleHandleW(L"oleaut32.dll"), "SetOaNoCache")) {
-        reinterpret_cast<SetOaNoCache>(reinterpret_cast<void*>(address))();
-      }
       auto* created = new Spy;
-      EXPECT_EQ(S_OK, CoRegisterMallocSpy(created));
-      // The platform looks through the blocks allocated since as if there were one at least.
-      CoTaskMemFree(CoTaskMemAlloc(1));
+      created->watch();
       return created;
     }();
     return *spy;
@@ -98,8 +78,6 @@ class Allocations::Spy final : public IMallocSpy {
   [[nodiscard]] std::size_t living() const { return blocks_.size(); }
 
  private:
-  virtual ~Spy() = default;
-
   // The platform's own block behind one on guard pages.
   static constexpr SIZE_T kStandIn = 1;
 
