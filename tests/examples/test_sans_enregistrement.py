@@ -18,12 +18,20 @@ BUILD = pathlib.Path(os.environ.get("SAV_BUILD", "build/release"))
 NAMES = {"asm": "urn:schemas-microsoft-com:asm.v1"}
 
 
-class WithoutRegistration(unittest.TestCase):
+class OwnRegistry(unittest.TestCase):
+    """A registry for the tests of a class, in which the library is registered."""
+
     @classmethod
     def setUpClass(cls):
         cls.registry = PrivateRegistry()
         cls.addClassCleanup(cls.registry.close)
         cls.registry.must("regsvr32", "/s", windows_path(BUILD / "bin" / "VelmoSAV_DLL14.dll"))
+
+
+class WithoutRegistration(OwnRegistry):
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
         cls.registry.must("regsvr32", "/s", "/u", windows_path(BUILD / "bin" / "VelmoSAV_DLL14.dll"))
 
     def setUp(self):
@@ -55,14 +63,12 @@ class WithoutRegistration(unittest.TestCase):
         self.assertEqual(own.attrib, named.attrib)
 
 
-class Manifest(unittest.TestCase):
+class Manifest(OwnRegistry):
     """The manifest against what the type library's registration writes."""
 
     @classmethod
     def setUpClass(cls):
-        cls.registry = PrivateRegistry()
-        cls.addClassCleanup(cls.registry.close)
-        cls.registry.must("regsvr32", "/s", windows_path(BUILD / "bin" / "VelmoSAV_DLL14.dll"))
+        super().setUpClass()
         cls.root = ElementTree.parse(BUILD / "interface" / "VelmoSAV_DLL14.manifest")
 
     def registered(self, key):
