@@ -55,17 +55,20 @@ def decisions(branches):
 
 
 class Line:
+    """What is known of a line. A negative count is none: some counts are differences of counters, and a process that
+    ends amid a call leaves them a little apart."""
+
     def __init__(self):
         self.count = 0
         self.functions = collections.defaultdict(list)  # the branches of each function that the line stands in
 
     def add(self, function, count, branches):
-        self.count += count
+        self.count += max(count, 0)
         known = self.functions[function]
         if len(known) < len(branches):
             known += [0] * (len(branches) - len(known))
         for i, taken in enumerate(branches):
-            known[i] += taken
+            known[i] += max(taken, 0)
 
     def branches(self):
         """(number, taken): instances of a template, which have the same branches, count as one."""
