@@ -3,27 +3,13 @@
 #include <thread>
 
 #include "memory/documents.h"
+#include "memory/event.h"
 #include "memory/fresh_library.h"
 #include "support/import_table.h"
 
 namespace {
 
 using namespace host;
-
-constexpr DWORD kLongest = 60000;  // milliseconds: what does not happen until then never does
-
-class Event {
- public:
-  Event() : handle_(CreateEventW(nullptr, TRUE, FALSE, nullptr)) {}
-  ~Event() { CloseHandle(handle_); }
-  Event(const Event&) = delete;
-  Event& operator=(const Event&) = delete;
-  void set() const { SetEvent(handle_); }
-  [[nodiscard]] bool comes() const { return WaitForSingleObject(handle_, kLongest) == WAIT_OBJECT_0; }
-
- private:
-  HANDLE handle_;
-};
 
 /// The look-up of the DOM's class lasts until someone waits for it.
 struct Meeting {

@@ -63,11 +63,12 @@ void add_header_calls(Invoices& invoices) {
       .succeeds("SetHeadInvoiceXML_ByCtt",
                 [](Scene& scene, _InvoiceXMLLib& object) {
                   auto contract = sample_contract();
+                  const Text long_label(L"Facture\r\nde contrat, " + std::wstring(80, L'e'));
                   const auto watch = scene.watch(contract);
                   Text result;
-                  return object.SetHeadInvoiceXML_ByCtt(contract, Text(L"Facture\r\nde contrat"), Text(),
-                                                        Text(L"FA-1"), Text(L"31/03/2025"),
-                                                        text_value(L" REP ").get(), &result);
+                  return object.SetHeadInvoiceXML_ByCtt(contract, long_label, Text(), Text(L"FA-1"),
+                                                        Text(L"31/03/2025"), text_value(L" REP ").get(),
+                                                        &result);
                 })
       .fails("SetHeadInvoiceXML_ByCtt", Fault::SubscriptOutOfRange,
              [](Scene& scene, _InvoiceXMLLib& object) {
