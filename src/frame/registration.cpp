@@ -6,6 +6,7 @@
 #include "automation/module.h"
 #include "frame/class_table.h"
 #include "frame/registry_backup.h"
+#include "frame/registry_key.h"
 #include "object/boundary.h"
 
 namespace velmosav {
@@ -27,18 +28,10 @@ std::wstring interface_key(const ClassIdentity& identity) { return L"Interface\\
 std::wstring library_key() { return L"TypeLib\\" + text_of(LIBID_VelmoSAV_DLL14); }
 constexpr wchar_t kLibraryVersion[] = L"\\1.0";
 
-void check_registry(LSTATUS status) {
-  if (status != ERROR_SUCCESS) raise(HRESULT_FROM_WIN32(static_cast<DWORD>(status)));
-}
-
 void write(const std::wstring& key, const wchar_t* name, const std::wstring& value) {
-  HKEY handle = nullptr;
-  check_registry(
-      RegCreateKeyExW(HKEY_CLASSES_ROOT, key.c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &handle, nullptr));
-  const LSTATUS status = RegSetValueExW(handle, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(value.c_str()),
-                                        static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t)));
-  RegCloseKey(handle);
-  check_registry(status);
+  check_registry(RegSetValueExW(RegistryKey::create(key).get(), name, 0, REG_SZ,
+                                reinterpret_cast<const BYTE*>(value.c_str()),
+                                static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t))));
 }
 
 void register_class(const ClassIdentity& identity, const std::wstring& server, const std::wstring& library) {
@@ -86,20 +79,10 @@ void write_registration(const std::wstring& server, ITypeLib* library) {
   }
 }
 
-bool type_library_is_registered() {
-  HKEY handle = nullptr;
-  const LSTATUS status =
-      RegOpenKeyExW(HKEY_CLASSES_ROOT, (library_key() + kLibraryVersion).c_str(), 0, KEY_READ, &handle);
-  if (status == ERROR_FILE_NOT_FOUND) return false;
-  check_registry(status);
-  RegCloseKey(handle);
-  return true;
-}
-
 /// The platform's removal reads the type library where the registry says that it is. When nothing can be read
 /// there, the keys are known all the same.
 void remove_type_library(LSTATUS& first) {
-  if (!type_library_is_registered()) return;
+  if (!RegistryKey::open(library_key() + kLibraryVersion)) return;
   const HRESULT code = UnRegisterTypeLib(LIBID_VelmoSAV_DLL14, 1, 0, LOCALE_NEUTRAL, SYS_WIN32);
   if (code == E_OUTOFMEMORY) raise(code);
   if (SUCCEEDED(code)) return;

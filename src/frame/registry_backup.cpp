@@ -1,30 +1,12 @@
 #include "frame/registry_backup.h"
 
-#include "automation/fault.h"
+#include "frame/registry_key.h"
 
 namespace velmosav {
 namespace {
 
-class OpenKey {
- public:
-  explicit OpenKey(const std::wstring& path) noexcept
-      : status(RegOpenKeyExW(HKEY_CLASSES_ROOT, path.c_str(), 0, KEY_READ, &handle)) {}
-  ~OpenKey() {
-    if (handle) RegCloseKey(handle);
-  }
-  OpenKey(const OpenKey&) = delete;
-  OpenKey& operator=(const OpenKey&) = delete;
-
-  HKEY handle = nullptr;
-  const LSTATUS status;
-};
-
 /// The longest name of a key is 255 units, of a value 16383.
 constexpr DWORD kKeyName = 256, kValueName = 16384;
-
-void check_registry(LSTATUS status) {
-  if (status != ERROR_SUCCESS) raise(HRESULT_FROM_WIN32(static_cast<DWORD>(status)));
-}
 
 }  // namespace
 
@@ -34,11 +16,10 @@ void RegistryBackup::add(const std::wstring& key) {
 }
 
 void RegistryBackup::read(const std::wstring& path) {
-  const OpenKey key(path);
-  if (key.status == ERROR_FILE_NOT_FOUND) return;
-  check_registry(key.status);
+  const std::optional<RegistryKey> key = RegistryKey::open(path);
+  if (!key) return;
   DWORD values = 0, keys = 0, longest = 0;
-  check_registry(RegQueryInfoKeyW(key.handle, nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values,
+  check_registry(RegQueryInfoKeyW(key->get(), nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values,
                                   nullptr, &longest, nullptr, nullptr));
   const std::size_t place = keys_.size();
   keys_.push_back({path, {}});
@@ -46,13 +27,13 @@ void RegistryBackup::read(const std::wstring& path) {
   std::vector<BYTE> data(longest);
   for (DWORD i = 0; i < values; ++i) {
     DWORD length = kValueName, type = 0, size = longest;
-    check_registry(RegEnumValueW(key.handle, i, name.data(), &length, nullptr, &type, data.data(), &size));
+    check_registry(RegEnumValueW(key->get(), i, name.data(), &length, nullptr, &type, data.data(), &size));
     keys_[place].values.push_back({name.substr(0, length), type, {data.data(), data.data() + size}});
   }
   for (DWORD i = 0; i < keys; ++i) {
     wchar_t child[kKeyName];
     DWORD length = kKeyName;
-    check_registry(RegEnumKeyExW(key.handle, i, child, &length, nullptr, nullptr, nullptr, nullptr));
+    check_registry(RegEnumKeyExW(key->get(), i, child, &length, nullptr, nullptr, nullptr, nullptr));
     read(path + L"\\" + child);
   }
 }
@@ -60,16 +41,12 @@ void RegistryBackup::read(const std::wstring& path) {
 void RegistryBackup::restore() const noexcept {
   for (const std::wstring& root : roots_) RegDeleteTreeW(HKEY_CLASSES_ROOT, root.c_str());
   for (const Key& key : keys_) {
-    HKEY handle = nullptr;
-    if (RegCreateKeyExW(HKEY_CLASSES_ROOT, key.path.c_str(), 0, nullptr, 0, KEY_WRITE, nullptr, &handle,
-                        nullptr) != ERROR_SUCCESS) {
-      continue;
-    }
+    const std::optional<RegistryKey> made = RegistryKey::try_create(key.path);
+    if (!made) continue;
     for (const Value& value : key.values) {
-      RegSetValueExW(handle, value.name.c_str(), 0, value.type, value.data.data(),
+      RegSetValueExW(made->get(), value.name.c_str(), 0, value.type, value.data.data(),
                      static_cast<DWORD>(value.data.size()));
     }
-    RegCloseKey(handle);
   }
 }
 
