@@ -39,6 +39,9 @@ inline void check(HRESULT code) {
   if (FAILED(code)) raise_call_failure(code);
 }
 
+/// For before a call: what an earlier one left on the thread must not pass for the words of its failure.
+inline void forget_error_information() noexcept { SetErrorInfo(0, nullptr); }
+
 /// Turns a conversion's HRESULT into the run-time's fault: 13 for a type, 6 for an overflow.
 void check_conversion(HRESULT code);
 

@@ -39,9 +39,6 @@ ComPtr<IErrorInfo> information_of(const ExceptionInformation& exception) noexcep
   return information;
 }
 
-/// What an earlier call left on the thread must not pass for the words of the next one that fails.
-void forget_error_information() noexcept { SetErrorInfo(0, nullptr); }
-
 }  // namespace
 
 ComPtr<IDispatch> create_object(const wchar_t* prog_id) {

@@ -29,8 +29,7 @@ const CLSID& dom_class() {
 }  // namespace
 
 ComPtr<IXMLDOMDocument> DomFactory::create_document() {
-  // What an earlier call left on the thread must not pass for the words of the DOM.
-  SetErrorInfo(0, nullptr);
+  forget_error_information();
   if (!factory_) {
     check(CoGetClassObject(dom_class(), CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory,
                            factory_.receive_void()));
