@@ -14,7 +14,7 @@ namespace {
 
 /// The cell (0, 0) of a two-dimensional table of texts; fault-free: null when there is none.
 const BSTR* first_cell(const SAFEARRAY* table) noexcept {
-  if (table->cDims != 2 || table->cbElements != sizeof(BSTR) || !may_hold(table, VT_BSTR)) return nullptr;
+  if (table->cDims != 2 || !may_hold(table, PlainElement::Text)) return nullptr;
   const SAFEARRAYBOUND& rows = table->rgsabound[1];
   const SAFEARRAYBOUND& columns = table->rgsabound[0];
   const long long row = -static_cast<long long>(rows.lLbound);

@@ -16,13 +16,23 @@ enum class PlainElement { Text, Object, Variant };
 bool may_hold(const SAFEARRAY* array, const RecordLayout& layout) noexcept;
 bool may_hold(const SAFEARRAY* array, PlainElement kind) noexcept;
 
+/// What the functions of this file want to know of a type: its kind, or the table of a record.
+template <class Element>
+decltype(auto) element_description() noexcept {
+  if constexpr (std::is_same_v<Element, BSTR>) {
+    return PlainElement::Text;
+  } else if constexpr (std::is_same_v<Element, IDispatch*>) {
+    return PlainElement::Object;
+  } else if constexpr (std::is_same_v<Element, VARIANT>) {
+    return PlainElement::Variant;
+  } else {
+    return layout_of<Element>();
+  }
+}
+
 template <class Element>
 bool may_hold(const SAFEARRAY* array) noexcept {
-  if constexpr (std::is_same_v<Element, VARIANT>) {
-    return may_hold(array, PlainElement::Variant);
-  } else {
-    return may_hold(array, layout_of<Element>());
-  }
+  return may_hold(array, element_description<Element>());
 }
 
 /// Fault 10 when the array, or one inside its elements, is locked or of fixed size, 13 for another element
@@ -55,13 +65,7 @@ void redim_preserve(SAFEARRAY*& array, long upper) {
 
 template <class Element>
 void require_erasable(SAFEARRAY* array) {
-  if constexpr (std::is_same_v<Element, BSTR>) {
-    require_erasable(array, PlainElement::Text);
-  } else if constexpr (std::is_same_v<Element, IDispatch*>) {
-    require_erasable(array, PlainElement::Object);
-  } else {
-    require_erasable(array, layout_of<Element>());
-  }
+  require_erasable(array, element_description<Element>());
 }
 
 /// Frees an array whatever it holds; for a record that is being cleared.
