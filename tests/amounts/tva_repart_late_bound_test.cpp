@@ -8,7 +8,7 @@ using namespace host;
 
 struct LateBound {
   ComPtr<IDispatch> object = create_dispatch(L"TvaRepart");
-  ComPtr<IRecordInfo> info = record_info_of(object.get(), velmosav::layout_of<Type_RepartTVA>().id);
+  ComPtr<IRecordInfo> info = record_info<Type_RepartTVA>();
   VatTable table = VatTable::standard();
 };
 

@@ -33,7 +33,7 @@ class LateBound {
 
  protected:
   ComPtr<IDispatch> object_ = create_dispatch(L"ContratDoc");
-  ComPtr<IRecordInfo> info_ = record_info_of(object_.get(), velmosav::layout_of<Type_Contrat>().id);
+  ComPtr<IRecordInfo> info_ = record_info<Type_Contrat>();
 };
 
 const std::initializer_list<Period> kTwoRows = {{L"01/01/2025", L"30/06/2025"},
@@ -213,7 +213,7 @@ TEST(ContratDoc, GetMttPivot_LateBoundAnswersTheSame) {
 
 TEST(ContratDoc, GetMttPivotCadFact_LateBoundAnswersTheSame) {
   const auto object = create_dispatch(L"ContratDoc");
-  const auto info = record_info_of(object.get(), velmosav::layout_of<Type_CadencierFact>().id);
+  const auto info = record_info<Type_CadencierFact>();
   Record<Type_CadencierFact> line;
   set(line->TypeTypTarif, L"T");
   line->MontantTTC = 108;
@@ -286,7 +286,7 @@ TEST(ContratDoc, RazDocCtt_LateBoundReleasesTheLists) {
 
 TEST(ContratDoc, AjouterCadFactCtt_LateBoundFaultCarriesTheNumberAndTheSource) {
   const auto object = create_dispatch(L"ContratDoc");
-  const auto info = record_info_of(object.get(), velmosav::layout_of<Type_Contrat>().id);
+  const auto info = record_info<Type_Contrat>();
   auto record = contract(L"01/01/2025", L"", kTwoRows);
   Variant result;
   EXCEPINFO exception{};

@@ -66,7 +66,7 @@ TEST(ContratDoc, RazDocCtt_ScheduleWithRecordInformationIsReleased) {
 
 /// An array that says itself that it holds a work order, which has the object in two places.
 SAFEARRAY* array_of_work_orders(IDispatch* object) {
-  const auto info = record_info_of(create_dispatch(L"Bon").get(), velmosav::layout_of<Type_Bon>().id);
+  const auto info = record_info<Type_Bon>();
   SAFEARRAYBOUND bound{1, 0};
   SAFEARRAY* const array = SafeArrayCreateEx(VT_RECORD, 1, &bound, info.get());
   auto& order = element<Type_Bon>(array, 0);

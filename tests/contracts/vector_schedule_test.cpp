@@ -15,8 +15,7 @@ class VectorSchedule : public ::testing::Test {
 
   /// The same rows in a vector that describes its records.
   static void make_vector(SAFEARRAY*& rows) {
-    const auto class_object = create_dispatch(L"ContratDoc");
-    const auto info = record_info_of(class_object.get(), velmosav::layout_of<Type_CadencierFact>().id);
+    const auto info = record_info<Type_CadencierFact>();
     const ULONG count = rows->rgsabound[0].cElements;
     SAFEARRAY* vector = SafeArrayCreateVectorEx(VT_RECORD, 0, count, info.get());
     ASSERT_NE(nullptr, vector);

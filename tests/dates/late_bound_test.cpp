@@ -7,7 +7,7 @@ using namespace host;
 
 struct LateBound {
   ComPtr<IDispatch> object = create_dispatch(L"Periodicite");
-  ComPtr<IRecordInfo> info = record_info_of(object.get(), velmosav::layout_of<Type_Periodicite>().id);
+  ComPtr<IRecordInfo> info = record_info<Type_Periodicite>();
 
   [[nodiscard]] std::wstring text(const wchar_t* name, std::vector<Variant> list) const {
     Variant result;

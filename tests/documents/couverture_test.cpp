@@ -152,13 +152,12 @@ class CouvertureByName : public Couverture {
   }
   Variant coverage(Record<Type_Couverture>& record) { return host::record_argument(*record, info_.get()); }
 
-  host::ComPtr<IRecordInfo> info_ =
-      host::record_info_of(coverages_.get(), velmosav::layout_of<Type_Couverture>().id);
+  host::ComPtr<IRecordInfo> info_ = host::record_info<Type_Couverture>();
   Variant result_;
 };
 
 TEST_F(CouvertureByName, InitLigneCouvertureEmptiesALine) {
-  const auto info = host::record_info_of(coverages_.get(), velmosav::layout_of<Type_LigneCouverture>().id);
+  const auto info = host::record_info<Type_LigneCouverture>();
   Record<Type_LigneCouverture> line;
   host::fill_line(*line, L"A1");
   ASSERT_EQ(S_OK, run(L"InitLigneCouverture", host::arguments(host::record_argument(*line, info.get()))));

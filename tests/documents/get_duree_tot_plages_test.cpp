@@ -168,7 +168,7 @@ TEST_F(GetDureeTotPlages, ReadsLockedSlotsAndChangesNothing) {
 
 TEST_F(GetDureeTotPlages, AnswersALateBoundCall) {
   set_slots({kTwoAndAHalfHours});
-  const auto info = host::record_info_of(orders_.get(), velmosav::layout_of<Type_LigneRessource>().id);
+  const auto info = host::record_info<Type_LigneRessource>();
   host::Variant result;
   ASSERT_EQ(S_OK, host::call(orders_.get(), L"GetDureeTotPlages",
                              host::arguments(host::text_value(L"n"),

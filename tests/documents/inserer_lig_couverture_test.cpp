@@ -122,7 +122,7 @@ TEST_F(InsererLigCouverture, KeepsTheTextsOfTheCoverageWhereTheyAre) {
 TEST_F(InsererLigCouverture, KeepsTheRecordInformationOfTheList) {
   auto coverage = coverage_of({});
   SafeArrayDestroy(coverage->Liste);
-  const auto info = host::record_info_of(coverages_.get(), velmosav::layout_of<Type_LigneCouverture>().id);
+  const auto info = host::record_info<Type_LigneCouverture>();
   SAFEARRAYBOUND bound{2, 0};
   coverage->Liste = SafeArrayCreateEx(VT_RECORD, 1, &bound, info.get());
   host::fill_line(host::element<Type_LigneCouverture>(coverage->Liste, 0), L"A1");

@@ -277,14 +277,14 @@ TEST_F(Intervention, KeepsAnAssignedResourceTypeToItself) {
 }
 
 TEST_F(RazInterv, AnswersALateBoundCall) {
-  const auto info = host::record_info_of(interventions_.get(), velmosav::layout_of<Type_Intervention>().id);
+  const auto info = host::record_info<Type_Intervention>();
   ASSERT_EQ(S_OK, host::call(interventions_.get(), L"RazInterv",
                              host::arguments(host::record_argument(*intervention_, info.get())), nullptr));
   EXPECT_EQ(kNone, host::differences(*expected_, *intervention_));
 }
 
 TEST_F(RazInterv, CountsAnswerALateBoundCallBeforeTheReset) {
-  const auto info = host::record_info_of(interventions_.get(), velmosav::layout_of<Type_Intervention>().id);
+  const auto info = host::record_info<Type_Intervention>();
   const auto count = [&](const wchar_t* name) {
     Variant result;
     EXPECT_EQ(S_OK, host::call(interventions_.get(), name,

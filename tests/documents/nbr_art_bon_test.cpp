@@ -84,7 +84,7 @@ TEST_F(NbrArtBon, CountsALockedArray) {
 
 TEST_F(NbrArtBon, AnswersALateBoundCall) {
   host::dimension<Type_LigneArticle>(order_->TabArticle, 3);
-  const auto info = host::record_info_of(orders_.get(), velmosav::layout_of<Type_Bon>().id);
+  const auto info = host::record_info<Type_Bon>();
   host::Variant result;
   ASSERT_EQ(S_OK, host::call(orders_.get(), L"NbrArtBon",
                              host::arguments(host::record_argument(*order_, info.get())), result.receive()));

@@ -186,7 +186,7 @@ TEST_F(RazDocInt, ErasesArticlesFromAnyLowerBound) {
 
 TEST_F(RazDocInt, ErasesListsWithRecordInformation) {
   velmosav::erase<Type_LigneArticle>(order_->TabArticle);
-  const auto info = host::record_info_of(orders_.get(), velmosav::layout_of<Type_LigneArticle>().id);
+  const auto info = host::record_info<Type_LigneArticle>();
   SAFEARRAYBOUND bound{2, 0};
   order_->TabArticle = SafeArrayCreateEx(VT_RECORD, 1, &bound, info.get());
   host::set(element<Type_LigneArticle>(order_->TabArticle, 0).CodeArt, L"A1");
@@ -198,7 +198,7 @@ class RazDocIntByName : public RazDocInt {
  protected:
   host::Variant order() { return host::record_argument(*order_, info_.get()); }
 
-  host::ComPtr<IRecordInfo> info_ = host::record_info_of(orders_.get(), velmosav::layout_of<Type_Bon>().id);
+  host::ComPtr<IRecordInfo> info_ = host::record_info<Type_Bon>();
 };
 
 TEST_F(RazDocIntByName, ReleasesTheVatObjectWhenBAllIsNotGiven) {

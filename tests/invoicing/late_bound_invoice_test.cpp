@@ -11,7 +11,7 @@ class LateBoundInvoice : public host::InvoiceTest {
   /// A record argument; its description lives as long as the test.
   template <class T>
   Variant record(host::Record<T>& value) {
-    descriptions_.push_back(host::record_info_of(invoices_.get(), velmosav::layout_of<T>().id));
+    descriptions_.push_back(host::record_info<T>());
     return host::record_argument(*value, descriptions_.back().get());
   }
 

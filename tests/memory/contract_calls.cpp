@@ -189,7 +189,7 @@ void add_amount_calls(Contracts& contracts) {
                 [](Scene& scene, IDispatch& object) {
                   auto contract = billed_contract();
                   const auto watch = scene.watch(contract);
-                  const auto info = record_info_of(&object, velmosav::layout_of<Type_Contrat>().id);
+                  const auto info = record_info<Type_Contrat>();
                   return call_by_name(object, L"GetMttPivot",
                                       arguments(record_argument(*contract, info.get())));
                 })

@@ -144,7 +144,7 @@ void add_rule_calls(Dates& dates) {
                   auto yearly =
                       rule({.kind = L"A", .every = 2, .ordinal = L"R", .weekdays = L"LMJ", .months = L"JFD"});
                   const auto watch = scene.watch(yearly);
-                  const auto info = record_info_of(&object, velmosav::layout_of<Type_Periodicite>().id);
+                  const auto info = record_info<Type_Periodicite>();
                   return call_by_name(object, L"GetLibPeriodicite",
                                       arguments(record_argument(*yearly, info.get())));
                 })

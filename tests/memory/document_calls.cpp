@@ -13,7 +13,7 @@ void add_work_order_calls(Calls& calls) {
                 [](Scene& scene, IDispatch& object) {
                   auto order = full_work_order();
                   const auto watch = scene.watch(order);
-                  const auto info = record_info_of(&object, velmosav::layout_of<Type_Bon>().id);
+                  const auto info = record_info<Type_Bon>();
                   return call_by_name(object, L"NbrArtBon", arguments(record_argument(*order, info.get())));
                 })
       .fails("NbrArtBon", E_POINTER,
@@ -91,7 +91,7 @@ void add_coverage_calls(Calls& calls) {
                 [](Scene& scene, IDispatch& object) {
                   auto coverage = coverage_of({});
                   const auto watch = scene.watch(coverage);
-                  const auto info = record_info_of(&object, velmosav::layout_of<Type_Couverture>().id);
+                  const auto info = record_info<Type_Couverture>();
                   return call_by_name(object, L"InsererLigCouverture",
                                       arguments(record_argument(*coverage, info.get())));
                 })

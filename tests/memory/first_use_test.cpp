@@ -112,8 +112,7 @@ TEST_F(FirstUse, AnXmlInvoice) {
 }
 
 TEST_F(FirstUse, ACallByName) {
-  const auto info =
-      record_info_of(create_dispatch(L"TvaRepart").get(), velmosav::layout_of<Type_RepartTVA>().id);
+  const auto info = record_info<Type_RepartTVA>();
   refuse_all(S_OK, [&info](const FreshLibrary& library) {
     ComPtr<IDispatch> rates;
     if (const HRESULT code = library.create<::TvaRepart>(rates); FAILED(code)) return code;

@@ -154,7 +154,7 @@ void add_check_calls(Contracts& contracts) {
              [](Scene& scene, IDispatch& object) {
                auto contract = visited_contract();
                const auto watch = scene.watch(contract);
-               const auto info = record_info_of(&object, velmosav::layout_of<Type_Contrat>().id);
+               const auto info = record_info<Type_Contrat>();
                return call_by_name(object, L"IsInfosIntervModifiable",
                                    arguments(record_argument(*contract, info.get()), Variant(99L)));
              })

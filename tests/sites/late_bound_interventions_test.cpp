@@ -39,7 +39,7 @@ class LateBoundInterventions : public ::testing::Test {
   }
 
   ComPtr<IDispatch> object_ = create_dispatch(L"ContratDoc");
-  ComPtr<IRecordInfo> info_ = record_info_of(object_.get(), velmosav::layout_of<Type_Contrat>().id);
+  ComPtr<IRecordInfo> info_ = record_info<Type_Contrat>();
   Record<Type_Contrat> contract_;
 };
 

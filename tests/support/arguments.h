@@ -36,17 +36,11 @@ inline Variant by_reference(VARIANT& variable) {
   return argument;
 }
 
-/// The description of a record, as a host takes it out of the type library of an object.
-inline ComPtr<IRecordInfo> record_info_of(IDispatch* object, const GUID& record) {
-  ComPtr<ITypeInfo> type;
-  ComPtr<ITypeLib> library;
-  ComPtr<IRecordInfo> info;
-  UINT index = 0;
-  EXPECT_EQ(S_OK, object->GetTypeInfo(0, LOCALE_USER_DEFAULT, type.receive()));
-  EXPECT_EQ(S_OK, type->GetContainingTypeLib(library.receive(), &index));
-  EXPECT_EQ(S_OK, library->GetTypeInfoOfGuid(record, type.receive()));
-  EXPECT_EQ(S_OK, GetRecordInfoFromTypeInfo(type.get(), info.receive()));
-  return info;
+/// The platform's description of a record of the library, as a host takes it out of the type library.
+ComPtr<IRecordInfo> record_info(const GUID& record);
+template <class T>
+ComPtr<IRecordInfo> record_info() {
+  return record_info(velmosav::layout_of<T>().id);
 }
 
 /// A record by reference; `info` must outlive the argument.
