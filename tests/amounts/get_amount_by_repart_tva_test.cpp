@@ -1,5 +1,6 @@
 // TvaRepart.GetAmountByRepartTVA: spreading a pivot over the codes and converting it to the other base.
 #include "amounts/vat_table.h"
+#include "support/arguments.h"
 
 namespace {
 
@@ -194,15 +195,10 @@ TEST(TvaRepart, GetAmountByRepartTVA_EmptyTariffKindIsNotAMissingOne) {
 
 TEST(TvaRepart, GetAmountByRepartTVA_TariffKindMayBeAReference) {
   Text kind(L"T");
-  VARIANT by_reference{};
-  by_reference.vt = VT_BYREF | VT_BSTR;
-  by_reference.pbstrVal = kind.in_out();
-  EXPECT_EQ(kAsTaxIncluded, spread_with_kind(by_reference));
+  EXPECT_EQ(kAsTaxIncluded, spread_with_kind(by_reference(kind).get()));
 
   Variant variable = text_value(L"T");
-  by_reference.vt = VT_BYREF | VT_VARIANT;
-  by_reference.pvarVal = &variable.get();
-  EXPECT_EQ(kAsTaxIncluded, spread_with_kind(by_reference));
+  EXPECT_EQ(kAsTaxIncluded, spread_with_kind(by_reference(variable).get()));
 }
 
 TEST(TvaRepart, GetAmountByRepartTVA_HostsOwnArticleConstantsDoNotCount) {

@@ -1,5 +1,6 @@
 // Faults of a contract's amounts, sites and interventions.
 #include "atomicity/fault_case.h"
+#include "support/arguments.h"
 
 namespace atomicity {
 namespace {
@@ -46,12 +47,7 @@ HRESULT notice(World& world) {
 HRESULT reset(World& world) { return contracts()->RazDocCtt(world.contract); }
 
 /// A typed variable behind a reference, too narrow for an amount.
-Variant narrow_variable(World& world) {
-  Variant reference;
-  reference.get().vt = VT_BYREF | VT_I2;
-  reference.get().piVal = &world.other_number;
-  return reference;
-}
+Variant narrow_variable(World& world) { return host::by_reference(world.other_number); }
 
 void visits_from_1(World& world) { world.contract->TabInterv->rgsabound[0].lLbound = 1; }
 void visits_from_0(World& world) { world.contract->TabInterv->rgsabound[0].lLbound = 0; }

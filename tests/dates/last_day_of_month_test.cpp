@@ -89,13 +89,10 @@ TEST(Periodicite, LastDayOfMonth_VariableOfATypeThatTakesNoNumberIsFault13AndSta
   DECIMAL stored;
   ASSERT_EQ(S_OK, VarDecFromI4(2024, &stored));
   const DECIMAL before = stored;
-  VARIANT year;
-  VariantInit(&year);
-  year.vt = VT_BYREF | VT_DECIMAL;
-  year.pdecVal = &stored;
+  Variant year = by_reference(VT_DECIMAL, &stored);
   short month = 2;
   Text result;
-  EXPECT_TRUE(is_fault(Recurrence()->LastDayOfMonth(&month, &year, &result), 13, L"Periodicite"));
+  EXPECT_TRUE(is_fault(Recurrence()->LastDayOfMonth(&month, &year.get(), &result), 13, L"Periodicite"));
   EXPECT_EQ(0, std::memcmp(&before, &stored, sizeof stored));
   EXPECT_EQ(result, std::wstring_view());
 }

@@ -143,10 +143,8 @@ TEST_F(RazTabApp, OfALockedArrayWithoutMemoryFailsAndKeepsIt) {
 TEST_F(RazTabApp, AnswersALateBoundCall) {
   Objects objects(2);
   array_ = objects.array_of({{2, 0}});
-  host::Variant argument;
-  argument.get().vt = VT_BYREF | VT_ARRAY | VT_DISPATCH;
-  argument.get().pparray = &array_;
-  ASSERT_EQ(S_OK, host::call(orders_.get(), L"RazTabApp", host::arguments(std::move(argument)), nullptr));
+  ASSERT_EQ(S_OK, host::call(orders_.get(), L"RazTabApp",
+                             host::arguments(host::by_reference(VT_ARRAY | VT_DISPATCH, &array_)), nullptr));
   EXPECT_EQ((Counts{1, 1}), objects.references());
   EXPECT_EQ(nullptr, array_);
 }

@@ -61,19 +61,19 @@ struct Passing {
 
 const Passing kPassings[] = {
     {"ArrayByValue", [](Grid& grid) { return grid.variable(); }},
-    {"ArrayByReference", [](Grid& grid) { return by_reference(VT_ARRAY | VT_VARIANT, &grid.array()); }},
-    {"Variable", [](Grid& grid) { return by_reference(grid.variable()); }},
+    {"ArrayByReference", [](Grid& grid) { return by_reference(VT_ARRAY | VT_VARIANT, &grid.array()).get(); }},
+    {"Variable", [](Grid& grid) { return by_reference(grid.variable()).get(); }},
     {"VariableOfAnArrayByReference",
      [](Grid& grid) {
        static VARIANT inner;
-       inner = by_reference(VT_ARRAY | VT_VARIANT, &grid.array());
-       return by_reference(inner);
+       inner = by_reference(VT_ARRAY | VT_VARIANT, &grid.array()).get();
+       return by_reference(inner).get();
      }},
     {"VariableOfAVariable",
      [](Grid& grid) {
        static VARIANT inner;
-       inner = by_reference(grid.variable());
-       return by_reference(inner);
+       inner = by_reference(grid.variable()).get();
+       return by_reference(inner).get();
      }},
 };
 
@@ -131,7 +131,7 @@ TEST_F(ArrayArguments, GridInAVariable_IsRegroupedInPlace) {
 
 TEST_F(ArrayArguments, GridByReference_IsRegroupedInPlace) {
   Grid grid{L"A", L"B", L"A"};
-  const VARIANT argument = by_reference(VT_ARRAY | VT_VARIANT, &grid.array());
+  const Variant argument = by_reference(VT_ARRAY | VT_VARIANT, &grid.array());
   ASSERT_EQ(S_OK, Invocation(generation_.get(), L"RegroupementFacture").pass(argument).run().code);
   EXPECT_EQ(L"AAB", grid.customers());
 }
@@ -158,7 +158,7 @@ Variant duration_fields(VARTYPE element) {
   return fields;
 }
 
-Outcome duration_text(IDispatch* outil, const VARIANT& fields) {
+Outcome duration_text(IDispatch* outil, const Variant& fields) {
   const Variant hours = text_value(L"h");
   return Invocation(outil, L"DoubleToDuree").pass(1.5).pass(hours).pass(fields).run();
 }
@@ -175,17 +175,17 @@ TEST_F(ArrayArguments, TypedArray_InAVariable_IsRead) {
 }
 
 TEST_F(ArrayArguments, TypedArray_ByValue_IsRead) {
-  EXPECT_EQ(L"01:30", duration_text(outil_.get(), duration_fields(VT_VARIANT).get()).text());
+  EXPECT_EQ(L"01:30", duration_text(outil_.get(), duration_fields(VT_VARIANT)).text());
 }
 
 TEST_F(ArrayArguments, TypedArray_OfAnotherElementType_IsRefusedWithItsPlace) {
-  const Outcome outcome = duration_text(outil_.get(), duration_fields(VT_BSTR).get());
+  const Outcome outcome = duration_text(outil_.get(), duration_fields(VT_BSTR));
   EXPECT_EQ(DISP_E_TYPEMISMATCH, outcome.code);
   EXPECT_EQ(0u, outcome.bad_argument);
 }
 
 TEST_F(ArrayArguments, TypedArray_GivenANumber_IsRefused) {
-  EXPECT_EQ(DISP_E_TYPEMISMATCH, duration_text(outil_.get(), Variant(1.0).get()).code);
+  EXPECT_EQ(DISP_E_TYPEMISMATCH, duration_text(outil_.get(), Variant(1.0)).code);
 }
 
 TEST_F(ArrayArguments, ArrayOfObjects_ByReference_IsEmptied) {
@@ -193,7 +193,7 @@ TEST_F(ArrayArguments, ArrayOfObjects_ByReference_IsEmptied) {
   SAFEARRAY* devices = SafeArrayCreate(VT_DISPATCH, 1, &bound);
   long first = 0;
   SafeArrayPutElement(devices, &first, outil_.get());
-  const VARIANT argument = by_reference(VT_ARRAY | VT_DISPATCH, &devices);
+  const Variant argument = by_reference(VT_ARRAY | VT_DISPATCH, &devices);
   EXPECT_EQ(S_OK, Invocation(bon_.get(), L"RazTabApp").pass(argument).run().code);
   EXPECT_EQ(nullptr, devices);
   SafeArrayDestroy(devices);

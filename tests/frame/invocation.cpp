@@ -13,14 +13,6 @@ std::wstring taken(BSTR text) {
 
 }  // namespace
 
-VARIANT by_reference(VARTYPE type, void* variable) {
-  VARIANT argument;
-  VariantInit(&argument);
-  argument.vt = static_cast<VARTYPE>(VT_BYREF | type);
-  argument.byref = variable;
-  return argument;
-}
-
 double Outcome::number() const {
   EXPECT_EQ(S_OK, code);
   EXPECT_EQ(VT_R8, result.get().vt);

@@ -3,19 +3,9 @@
 //   const Outcome outcome = Invocation(outil, L"DLL_GetAmountTTCByHT").pass(20.0).pass(100.0).run();
 #pragma once
 
-#include "support/host.h"
+#include "support/arguments.h"
 
 namespace host {
-
-/// VARIANT arguments that refer to a variable of the caller.
-VARIANT by_reference(VARTYPE type, void* variable);
-inline VARIANT by_reference(short& variable) { return by_reference(VT_I2, &variable); }
-inline VARIANT by_reference(long& variable) { return by_reference(VT_I4, &variable); }
-inline VARIANT by_reference(double& variable) { return by_reference(VT_R8, &variable); }
-inline VARIANT by_reference(BSTR& variable) { return by_reference(VT_BSTR, &variable); }
-inline VARIANT by_reference(Text& variable) { return by_reference(VT_BSTR, variable.in_out()); }
-inline VARIANT by_reference(VARIANT& variable) { return by_reference(VT_VARIANT, &variable); }
-inline VARIANT by_reference(Variant& variable) { return by_reference(VT_VARIANT, &variable.get()); }
 
 /// What came of a call.
 struct Outcome {

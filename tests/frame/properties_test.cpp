@@ -37,7 +37,7 @@ TEST_F(Properties, Text_WrittenByReferenceToAVariable_IsRead) {
   Variant variable = host::text_value(L"Marché");
   ASSERT_EQ(S_OK, Invocation(general_.get(), L"c_sProvDoc_Ctt")
                       .flags(DISPATCH_PROPERTYPUT)
-                      .pass_named(DISPID_PROPERTYPUT, host::by_reference(variable))
+                      .pass_named(DISPID_PROPERTYPUT, host::by_reference(variable).get())
                       .run()
                       .code);
   EXPECT_EQ(L"Marché", read(general_.get(), L"c_sProvDoc_Ctt").text());

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "frame/invocation.h"
-#include "support/arguments.h"
 #include "support/records.h"
 
 namespace host {

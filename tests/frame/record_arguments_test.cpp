@@ -52,7 +52,7 @@ TEST_F(RecordArguments, InAVariable_IsChangedInPlace) {
   contract_->MontantHT = 90;
   contract_->Remise = 10;
   RecordArgument variable(*contract_, VT_RECORD);
-  ASSERT_EQ(S_OK, call(L"CalculMttBrut", by_reference(variable.value())).code);
+  ASSERT_EQ(S_OK, call(L"CalculMttBrut", by_reference(variable.value()).get()).code);
   EXPECT_EQ(100.0, contract_->MontantHTBrut);
 }
 
@@ -100,7 +100,7 @@ TEST_F(RecordArguments, AnObjectInstead_IsRefused) {
 
 TEST_F(RecordArguments, AsAnEmptyVariable_IsRefused) {
   Variant variable;
-  EXPECT_EQ(DISP_E_TYPEMISMATCH, call(L"NbrCadFact", by_reference(variable)).code);
+  EXPECT_EQ(DISP_E_TYPEMISMATCH, call(L"NbrCadFact", by_reference(variable).get()).code);
 }
 
 TEST_F(RecordArguments, LeftOut_IsRefused) {

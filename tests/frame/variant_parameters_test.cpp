@@ -26,7 +26,7 @@ class VariantParameters : public ::testing::Test {
     }
   }
 
-  Outcome sums(const VARIANT& before_tax, const VARIANT& with_tax) {
+  Outcome sums(const Variant& before_tax, const Variant& with_tax) {
     const RecordArgument contract(*contract_);
     return Invocation(contracts_.get(), L"GetMttCtt").pass(contract).pass(before_tax).pass(with_tax).run();
   }
@@ -42,7 +42,7 @@ TEST_F(VariantParameters, LeftOut_TheCallWorksWithoutThem) {
 }
 
 TEST_F(VariantParameters, GivenAsMissing_TheCallWorksWithoutThem) {
-  EXPECT_EQ(200.0, sums(missing_.get(), missing_.get()).number());
+  EXPECT_EQ(200.0, sums(missing_, missing_).number());
 }
 
 TEST_F(VariantParameters, GivenAsMissing_TheCallersArgumentStays) {
@@ -54,32 +54,32 @@ TEST_F(VariantParameters, GivenAsMissing_TheCallersArgumentStays) {
 
 TEST_F(VariantParameters, Variable_ReceivesTheValue) {
   Variant before_tax;
-  ASSERT_EQ(S_OK, sums(by_reference(before_tax), missing_.get()).code);
+  ASSERT_EQ(S_OK, sums(by_reference(before_tax), missing_).code);
   EXPECT_EQ(200.0, velmosav::to_double(before_tax.get()));
 }
 
 TEST_F(VariantParameters, Variable_HoldingAText_ReceivesTheValue) {
   Variant with_tax = host::text_value(L"ancien");
-  ASSERT_EQ(S_OK, sums(missing_.get(), by_reference(with_tax)).code);
+  ASSERT_EQ(S_OK, sums(missing_, by_reference(with_tax)).code);
   EXPECT_EQ(240.0, velmosav::to_double(with_tax.get()));
 }
 
 TEST_F(VariantParameters, Variable_OfAVariable_ReceivesTheValue) {
   Variant before_tax;
-  VARIANT inner = by_reference(before_tax);
-  ASSERT_EQ(S_OK, sums(by_reference(VT_VARIANT, &inner), missing_.get()).code);
+  Variant inner = by_reference(before_tax);
+  ASSERT_EQ(S_OK, sums(by_reference(inner), missing_).code);
   EXPECT_EQ(200.0, velmosav::to_double(before_tax.get()));
 }
 
 TEST_F(VariantParameters, TypedVariable_ReceivesTheValue) {
   double before_tax = 0;
-  ASSERT_EQ(S_OK, sums(by_reference(before_tax), missing_.get()).code);
+  ASSERT_EQ(S_OK, sums(by_reference(before_tax), missing_).code);
   EXPECT_EQ(200.0, before_tax);
 }
 
 TEST_F(VariantParameters, TypedVariable_OfAnotherType_ReceivesTheValueConverted) {
   long before_tax = 0;
-  ASSERT_EQ(S_OK, sums(by_reference(before_tax), missing_.get()).code);
+  ASSERT_EQ(S_OK, sums(by_reference(before_tax), missing_).code);
   EXPECT_EQ(200, before_tax);
 }
 
@@ -96,7 +96,7 @@ TEST_F(VariantParameters, Named_ReceivesTheValue) {
   const RecordArgument contract(*contract_);
   ASSERT_EQ(S_OK, Invocation(contracts_.get(), L"GetMttCtt")
                       .pass(contract)
-                      .pass_named(L"MttTTC", by_reference(with_tax))
+                      .pass_named(L"MttTTC", by_reference(with_tax).get())
                       .run()
                       .code);
   EXPECT_EQ(240.0, velmosav::to_double(with_tax.get()));
@@ -132,7 +132,7 @@ class FlagsByReference : public ::testing::Test {
  protected:
   void SetUp() override { host::dimension<Type_Intervention>(contract_->TabInterv, 1); }
 
-  Outcome first_of_site(const VARIANT& next, const VARIANT& previous) {
+  Outcome first_of_site(const Variant& next, const Variant& previous) {
     const RecordArgument contract(*contract_);
     short place = 0;
     return Invocation(contracts_.get(), L"FirstIntervSite")
@@ -150,25 +150,25 @@ class FlagsByReference : public ::testing::Test {
 
 TEST_F(FlagsByReference, ExactlyTyped_IsChangedInPlace) {
   VARIANT_BOOL previous = VARIANT_TRUE;
-  ASSERT_EQ(S_OK, first_of_site(true_.get(), by_reference(VT_BOOL, &previous)).code);
+  ASSERT_EQ(S_OK, first_of_site(true_, by_reference(VT_BOOL, &previous)).code);
   EXPECT_EQ(VARIANT_FALSE, previous);
 }
 
 TEST_F(FlagsByReference, InAVariable_IsChanged) {
   Variant previous = host::bool_value(true);
-  ASSERT_EQ(S_OK, first_of_site(true_.get(), by_reference(previous)).code);
+  ASSERT_EQ(S_OK, first_of_site(true_, by_reference(previous)).code);
   EXPECT_EQ(VARIANT_FALSE, previous.get().boolVal);
 }
 
 TEST_F(FlagsByReference, InAVariableHoldingANumber_IsConvertedAndWrittenBack) {
   Variant previous(1L);
-  ASSERT_EQ(S_OK, first_of_site(true_.get(), by_reference(previous)).code);
+  ASSERT_EQ(S_OK, first_of_site(true_, by_reference(previous)).code);
   EXPECT_FALSE(velmosav::to_bool(previous.get()));
 }
 
 TEST_F(FlagsByReference, InAVariableHoldingANumber_UnchangedByTheMethod_KeepsIt) {
   Variant next(7L);
-  ASSERT_EQ(S_OK, first_of_site(by_reference(next), true_.get()).code);
+  ASSERT_EQ(S_OK, first_of_site(by_reference(next), true_).code);
   EXPECT_EQ(VT_I4, next.get().vt);
   EXPECT_EQ(7, next.get().lVal);
 }

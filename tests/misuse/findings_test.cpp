@@ -20,12 +20,7 @@ using host::Text;
 using host::Variant;
 using velmosav::RecordLayout;
 
-VARIANT reference_to_nothing(VARTYPE type) {
-  VARIANT value;
-  VariantInit(&value);
-  value.vt = static_cast<VARTYPE>(VT_BYREF | type);
-  return value;
-}
+VARIANT reference_to_nothing(VARTYPE type) { return by_reference(type, nullptr).get(); }
 
 /// An array that says what it holds: `count` elements of a type, all zero.
 SAFEARRAY* typed_array(VARTYPE type, ULONG count) { return SafeArrayCreateVector(type, 0, count); }
@@ -71,8 +66,8 @@ TEST(MisuseFindings, AReferenceToNothing_InAGrid_IsATypeFault) {
 class ReferencesToNothing : public ::testing::Test {
  protected:
   VARIANT nothing_ = reference_to_nothing(VT_BSTR);
-  VARIANT first_ = by_reference(nothing_);
-  VARIANT second_ = by_reference(first_);
+  VARIANT first_ = by_reference(nothing_).get();
+  VARIANT second_ = by_reference(first_).get();
 };
 
 TEST_F(ReferencesToNothing, AsAValue_IsATypeFault) {
@@ -99,7 +94,7 @@ TEST_F(ReferencesToNothing, LateBound_IsATypeMismatch) {
 /// A variable that refers to itself, as a host makes it by mistake.
 class ReferenceToItself : public ::testing::Test {
  protected:
-  ReferenceToItself() { variable_ = by_reference(variable_); }
+  ReferenceToItself() { variable_ = by_reference(variable_).get(); }
   VARIANT variable_{};
 };
 

@@ -256,18 +256,14 @@ TEST_F(Reconduction, BDiffLigneTab_GridByReference_IsRead) {
   RenewalGrid grid(1);
   grid.set_equal(0, 1);
   VARIANT variable = grid.argument();
-  VARIANT by_array, by_variable;
-  by_array.vt = VT_BYREF | VT_ARRAY | VT_VARIANT;
-  by_array.pparray = &grid.array();
-  by_variable.vt = VT_BYREF | VT_VARIANT;
-  by_variable.pvarVal = &variable;
+  Variant by_array = by_reference(VT_ARRAY | VT_VARIANT, &grid.array()), by_variable = by_reference(variable);
   for (const bool expected : {false, true}) {
     if (expected) grid.set(0, 9, Variant(2.0));
     bool result = !expected;
-    EXPECT_EQ(S_OK, compare(by_array, 0, &result));
+    EXPECT_EQ(S_OK, compare(by_array.get(), 0, &result));
     EXPECT_EQ(expected, result);
     result = !expected;
-    EXPECT_EQ(S_OK, compare(by_variable, 0, &result));
+    EXPECT_EQ(S_OK, compare(by_variable.get(), 0, &result));
     EXPECT_EQ(expected, result);
   }
 }
@@ -322,11 +318,9 @@ TEST_F(Reconduction, BDiffLigneTab_LateBound_TakesAnArrayByReference) {
   RenewalGrid grid(1);
   grid.set_equal(0, 1);
   grid.set(0, 6, Variant(2.0));
-  Variant argument;
-  argument.get().vt = VT_BYREF | VT_ARRAY | VT_VARIANT;
-  argument.get().pparray = &grid.array();
   Variant result;
-  ASSERT_EQ(S_OK, call(renewal_.get(), L"bDiffLigneTab", arguments(std::move(argument), Variant(0L)),
+  ASSERT_EQ(S_OK, call(renewal_.get(), L"bDiffLigneTab",
+                       arguments(by_reference(VT_ARRAY | VT_VARIANT, &grid.array()), Variant(0L)),
                        result.receive()));
   EXPECT_EQ(VARIANT_TRUE, result.get().boolVal);
 }

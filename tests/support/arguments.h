@@ -16,25 +16,19 @@ std::vector<Variant> arguments(Values&&... values) {
 }
 
 /// Variables of the host, passed as typed references. They stay the caller's.
-inline Variant by_reference(short& number) {
+inline Variant by_reference(VARTYPE type, void* variable) {
   Variant argument;
-  argument.get().vt = VT_BYREF | VT_I2;
-  argument.get().piVal = &number;
+  argument.get().vt = static_cast<VARTYPE>(VT_BYREF | type);
+  argument.get().byref = variable;
   return argument;
 }
-inline Variant by_reference(Text& text) {
-  Variant argument;
-  argument.get().vt = VT_BYREF | VT_BSTR;
-  argument.get().pbstrVal = text.in_out();
-  return argument;
-}
+inline Variant by_reference(short& number) { return by_reference(VT_I2, &number); }
+inline Variant by_reference(long& number) { return by_reference(VT_I4, &number); }
+inline Variant by_reference(double& number) { return by_reference(VT_R8, &number); }
+inline Variant by_reference(Text& text) { return by_reference(VT_BSTR, text.in_out()); }
 /// A script's variable.
-inline Variant by_reference(VARIANT& variable) {
-  Variant argument;
-  argument.get().vt = VT_BYREF | VT_VARIANT;
-  argument.get().pvarVal = &variable;
-  return argument;
-}
+inline Variant by_reference(VARIANT& variable) { return by_reference(VT_VARIANT, &variable); }
+inline Variant by_reference(Variant& variable) { return by_reference(variable.get()); }
 
 /// The platform's description of a record of the library, as a host takes it out of the type library.
 ComPtr<IRecordInfo> record_info(const GUID& record);
