@@ -1,6 +1,7 @@
 // Use without registration: an application manifest that depends on the DLL's own assembly.
 #include "frame/library.h"
 #include "frame/registry.h"
+#include "support/temporary_file.h"
 
 namespace {
 
@@ -24,11 +25,7 @@ constexpr char kManifest[] =
 class ApplicationFolder {
  public:
   ApplicationFolder() {
-    wchar_t folder[MAX_PATH], name[MAX_PATH];
-    GetTempPathW(MAX_PATH, folder);
-    EXPECT_NE(0u, GetTempFileNameW(folder, L"sav", 0, name));
-    DeleteFileW(name);
-    path_ = name;
+    DeleteFileW(path_.c_str());
     EXPECT_TRUE(CreateDirectoryW(path_.c_str(), nullptr));
     EXPECT_TRUE(CopyFileW(host::library_path().c_str(), library().c_str(), TRUE));
     HANDLE file = CreateFileW(manifest().c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr);
@@ -49,7 +46,7 @@ class ApplicationFolder {
   [[nodiscard]] std::wstring manifest() const { return path_ + L"\\essai.manifest"; }
 
  private:
-  std::wstring path_;
+  std::wstring path_ = host::make_temporary_file();
 };
 
 /// The library is not registered while a test runs, and registered afterwards.

@@ -2,33 +2,13 @@
 #include <cstdio>
 
 #include "dates/recurrence_fixture.h"
+#include "dates/sample_file.h"
 #include "memory/catalogue.h"
 
 namespace host {
 namespace {
 
 using Dates = CallsOf<_Periodicite>;
-
-/// A file of two chunks, deleted at the end.
-class TwoChunks {
- public:
-  TwoChunks() {
-    wchar_t folder[MAX_PATH], name[MAX_PATH];
-    EXPECT_NE(0U, GetTempPathW(MAX_PATH, folder));
-    EXPECT_NE(0U, GetTempFileNameW(folder, L"sav", 0, name));
-    path = name;
-    const std::vector<BYTE> bytes(60000, BYTE{7});
-    HANDLE file = CreateFileW(name, GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-    DWORD written = 0;
-    EXPECT_TRUE(WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr));
-    CloseHandle(file);
-  }
-  ~TwoChunks() { DeleteFileW(path.c_str()); }
-  TwoChunks(const TwoChunks&) = delete;
-  TwoChunks& operator=(const TwoChunks&) = delete;
-
-  std::wstring path;
-};
 
 void add_name_calls(Dates& dates) {
   dates
@@ -182,8 +162,8 @@ void add_rule_calls(Dates& dates) {
 void add_file_calls(Dates& dates) {
   dates
       .succeeds("RenseignerChampBinaire",
-                [file = std::shared_ptr<TwoChunks>()](Scene& scene, _Periodicite& object) mutable {
-                  if (!file) file = std::make_shared<TwoChunks>();
+                [file = std::shared_ptr<SampleFile>()](Scene& scene, _Periodicite& object) mutable {
+                  if (!file) file = std::make_shared<SampleFile>(60000U);  // two chunks
                   const auto field = FakeObject::make();
                   field->on_get(L"AppendChunk", [](auto&) { return Variant(); });
                   IDispatch* argument = field.get();

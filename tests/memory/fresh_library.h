@@ -4,26 +4,21 @@
 #include <string>
 
 #include "frame/library.h"
+#include "support/temporary_file.h"
 
 namespace host {
 
 /// A copy of the DLL, so that loading it starts from nothing although the registered one is in use.
 class LibraryCopy {
  public:
-  LibraryCopy() {
-    wchar_t folder[MAX_PATH], name[MAX_PATH];
-    EXPECT_NE(0U, GetTempPathW(MAX_PATH, folder));
-    EXPECT_NE(0U, GetTempFileNameW(folder, L"sav", 0, name));
-    path_ = name;
-    EXPECT_TRUE(CopyFileW(library_path().c_str(), name, FALSE));
-  }
+  LibraryCopy() { EXPECT_TRUE(CopyFileW(library_path().c_str(), path(), FALSE)); }
   ~LibraryCopy() { EXPECT_TRUE(DeleteFileW(path_.c_str())); }
   LibraryCopy(const LibraryCopy&) = delete;
   LibraryCopy& operator=(const LibraryCopy&) = delete;
   [[nodiscard]] const wchar_t* path() const { return path_.c_str(); }
 
  private:
-  std::wstring path_;
+  std::wstring path_ = make_temporary_file();
 };
 
 /// The copy, loaded until the end of the scope.

@@ -8,6 +8,7 @@
 
 #include "support/chance.h"
 #include "support/host.h"
+#include "support/temporary_file.h"
 
 namespace misuse {
 namespace {
@@ -18,14 +19,11 @@ constexpr unsigned kProcesses = 2, kCallsOfEach = 500'000;
 class GeneratedRun {
  public:
   explicit GeneratedRun(unsigned seed) {
-    wchar_t folder[MAX_PATH], name[MAX_PATH], program[MAX_PATH];
-    GetTempPathW(MAX_PATH, folder);
-    EXPECT_NE(0u, GetTempFileNameW(folder, L"sav", 0, name));
+    wchar_t program[MAX_PATH];
     GetModuleFileNameW(nullptr, program, MAX_PATH);
-    output_ = name;
     SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
     const HANDLE file =
-        CreateFileW(name, GENERIC_WRITE, FILE_SHARE_READ, &inherited, CREATE_ALWAYS, 0, nullptr);
+        CreateFileW(output_.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inherited, CREATE_ALWAYS, 0, nullptr);
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     startup.dwFlags = STARTF_USESTDHANDLES;
@@ -57,7 +55,7 @@ class GeneratedRun {
   }
 
  private:
-  std::filesystem::path output_;
+  std::filesystem::path output_ = host::make_temporary_file();
   PROCESS_INFORMATION process_{};
 };
 

@@ -5,6 +5,7 @@
 #include <fstream>
 
 #include "misuse/interface_table.h"
+#include "support/temporary_file.h"
 
 namespace misuse {
 namespace {
@@ -121,11 +122,9 @@ std::wstring empty_invoice() {
   return invoice.str();
 }
 
-/// A file of several chunks, under a name of its own.
-std::wstring temporary_file() {
-  wchar_t folder[MAX_PATH], name[MAX_PATH];
-  GetTempPathW(MAX_PATH, folder);
-  EXPECT_NE(0u, GetTempFileNameW(folder, L"sav", 0, name));
+/// A file of several chunks.
+std::wstring long_file() {
+  std::wstring name = host::make_temporary_file();
   std::ofstream file(std::filesystem::path(name), std::ios::binary);
   file << std::string(120'001, 'x');
   return name;
@@ -168,8 +167,8 @@ BSTR altered(Dice& dice, std::wstring text) {
 OddTexts::OddTexts()
     : constants_(harvested_constants()),
       invoices_{empty_invoice(), L"<a/>", L"<Facture><Corps/></Facture>"},
-      files_{temporary_file(), L"Z:\\dev\\null", L"C:\\",          L"C:\\nowhere\\a",
-             L"?*|",           L"a:b:c",         L"\\\\.\\nothing"} {}
+      files_{long_file(), L"Z:\\dev\\null", L"C:\\", L"C:\\nowhere\\a", L"?*|", L"a:b:c", L"\\\\.\\nothing"} {
+}
 
 OddTexts::~OddTexts() { DeleteFileW(files_[0].c_str()); }
 
