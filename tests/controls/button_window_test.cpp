@@ -1,7 +1,7 @@
 // Outil.SetRegionStdBout on a real window: the region that it has afterwards.
 #include "controls/scripted_control.h"
-#include "controls/window.h"
 #include "support/arguments.h"
+#include "support/window.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // Outil.GetValScrollSurvol with a real window under the real mouse.
 #include "controls/scripted_control.h"
-#include "controls/window.h"
 #include "support/arguments.h"
+#include "support/window.h"
 
 namespace {
 

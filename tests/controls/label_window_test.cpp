@@ -1,7 +1,7 @@
 // Outil.SetLabelHauteur on a real label: a STATIC window that measures its text as a form's label does.
 #include "controls/scripted_control.h"
-#include "controls/window.h"
 #include "support/arguments.h"
+#include "support/window.h"
 
 namespace {
 

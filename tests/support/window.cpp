@@ -1,4 +1,4 @@
-#include "controls/window.h"
+#include "support/window.h"
 
 #include <cstdint>
 

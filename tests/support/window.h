@@ -1,7 +1,7 @@
 // Real windows of a test, and the screen's twips.
 #pragma once
 
-#include "support/fake_object.h"
+#include "support/host.h"
 
 namespace host {
 
