@@ -2,16 +2,12 @@
 
 #include <utility>
 
+#include "support/literal_text.h"
+
 namespace literal {
 namespace {
 
 constexpr int kSubscript = 9;
-
-std::wstring trim(std::wstring text) {
-  while (!text.empty() && text.front() == L' ') text.erase(0, 1);
-  while (!text.empty() && text.back() == L' ') text.pop_back();
-  return text;
-}
 
 Type_LigneCouverture& line(const Type_Couverture& coverage, int index) {
   const SAFEARRAYBOUND& bound = coverage.Liste->rgsabound[0];

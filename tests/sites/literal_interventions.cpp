@@ -2,6 +2,8 @@
 
 #include <oleauto.h>
 
+#include "support/literal_text.h"
+
 namespace literal {
 namespace {
 
@@ -42,12 +44,6 @@ const Type_Intervention& intervention(const Type_Contrat& contract, long index) 
 }
 
 std::wstring text(BSTR field) { return field ? std::wstring(field, SysStringLen(field)) : std::wstring(); }
-
-std::wstring trim(std::wstring value) {
-  while (!value.empty() && value.front() == L' ') value.erase(0, 1);
-  while (!value.empty() && value.back() == L' ') value.pop_back();
-  return value;
-}
 
 std::wstring upper(std::wstring value) {
   if (!value.empty()) CharUpperBuffW(value.data(), static_cast<DWORD>(value.size()));

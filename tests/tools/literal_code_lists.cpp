@@ -1,16 +1,12 @@
 #include "tools/literal_code_lists.h"
 
+#include "support/literal_text.h"
+
 namespace literal {
 namespace {
 
 const std::wstring kQuote = L"\"";
 const std::wstring kSeparator = L",";
-
-std::wstring trim(std::wstring text) {
-  while (!text.empty() && text.front() == L' ') text.erase(0, 1);
-  while (!text.empty() && text.back() == L' ') text.pop_back();
-  return text;
-}
 
 }  // namespace
 

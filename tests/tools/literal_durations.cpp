@@ -3,6 +3,8 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "support/literal_text.h"
+
 namespace literal {
 namespace {
 
@@ -23,12 +25,6 @@ std::wstring lower(std::wstring text) {
   for (wchar_t& letter : text) {
     if (letter >= L'A' && letter <= L'Z') letter = static_cast<wchar_t>(letter + (L'a' - L'A'));
   }
-  return text;
-}
-
-std::wstring trim(std::wstring text) {
-  while (!text.empty() && text.front() == L' ') text.erase(0, 1);
-  while (!text.empty() && text.back() == L' ') text.pop_back();
   return text;
 }
 
