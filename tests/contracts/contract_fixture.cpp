@@ -102,6 +102,19 @@ Record<Type_Contrat> contract(std::wstring_view start, std::wstring_view end,
   return result;
 }
 
+Record<Type_Contrat> priced_contract(const wchar_t* kind) {
+  auto record = contract(L"01/01/2025", L"31/12/2025",
+                         {{L"01/01/2025", L"30/06/2025"}, {L"01/07/2025", L"31/12/2025"}});
+  set(record->TypeTypTarif, kind);
+  record->MontantHT = 90;
+  record->MontantTTC = 108;
+  row(record, 0).MontantHT = 100.10;
+  row(record, 0).MontantTTC = 120.12;
+  row(record, 1).MontantHT = 200.20;
+  row(record, 1).MontantTTC = 240.24;
+  return record;
+}
+
 Type_CadencierFact& row(Record<Type_Contrat>& contract, unsigned long index) {
   return element<Type_CadencierFact>(contract->TabCadFact, index);
 }

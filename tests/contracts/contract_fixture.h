@@ -28,6 +28,9 @@ struct Period {
 /// that are neither forced nor invoiced. Without periods the billing schedule is never dimensioned.
 Record<Type_Contrat> contract(std::wstring_view start, std::wstring_view end,
                               std::initializer_list<Period> periods = {});
+/// A contract of that tariff kind: net amounts 90 and 108, two rows of 100.10 and 200.20 before tax, 120.12
+/// and 240.24 with it.
+Record<Type_Contrat> priced_contract(const wchar_t* kind);
 
 Type_CadencierFact& row(Record<Type_Contrat>& contract, unsigned long index);
 void set_period(Type_CadencierFact& row, std::wstring_view start, std::wstring_view end);

@@ -11,20 +11,6 @@ using namespace host;
 
 constexpr double kLargest = std::numeric_limits<double>::max();
 
-/// A contract of that tariff kind whose rows hold 100.10 and 200.20 before tax, 120.12 and 240.24 with it.
-Record<Type_Contrat> priced(const wchar_t* kind) {
-  auto record = contract(L"01/01/2025", L"31/12/2025",
-                         {{L"01/01/2025", L"30/06/2025"}, {L"01/07/2025", L"31/12/2025"}});
-  set(record->TypeTypTarif, kind);
-  record->MontantHT = 90;
-  record->MontantTTC = 108;
-  row(record, 0).MontantHT = 100.10;
-  row(record, 0).MontantTTC = 120.12;
-  row(record, 1).MontantHT = 200.20;
-  row(record, 1).MontantTTC = 240.24;
-  return record;
-}
-
 double total(Record<Type_Contrat>& record, VARIANT* before_tax = nullptr, VARIANT* tax_included = nullptr) {
   double result = -1;
   EXPECT_EQ(S_OK, Contracts()->GetMttCtt(record, before_tax, tax_included, &result));
@@ -51,19 +37,19 @@ double row_pivot(const wchar_t* kind) {
 }
 
 TEST(ContratDoc, GetMttPivot_BeforeTaxKindIsTheAmountBeforeTax) {
-  auto record = priced(L"H");
+  auto record = priced_contract(L"H");
   EXPECT_EQ(90.0, pivot(record));
 }
 
 TEST(ContratDoc, GetMttPivot_AnyOtherKindIsTheAmountWithTax) {
   for (const wchar_t* kind : {L"T", L"D", L"", L"h", L"H ", L" H", L"HT"}) {
-    auto record = priced(kind);
+    auto record = priced_contract(kind);
     EXPECT_EQ(108.0, pivot(record)) << utf8(kind);
   }
 }
 
 TEST(ContratDoc, GetMttPivot_LeavesTheContractAsItWas) {
-  auto record = priced(L"H");
+  auto record = priced_contract(L"H");
   const auto before = snapshot(*record);
   (void)pivot(record);
   expect_same(*before, *record);
@@ -76,7 +62,7 @@ TEST(ContratDoc, GetMttPivotCadFact_AnyOtherKindIsTheAmountWithTax) {
 }
 
 TEST(ContratDoc, GetMttCtt_WithNeitherVariableIsTheTotalOfThePivotSide) {
-  auto record = priced(L"H");
+  auto record = priced_contract(L"H");
   EXPECT_EQ(100.10 + 200.20, total(record));
   set(record->TypeTypTarif, L"T");
   EXPECT_EQ(120.12 + 240.24, total(record));
@@ -84,20 +70,20 @@ TEST(ContratDoc, GetMttCtt_WithNeitherVariableIsTheTotalOfThePivotSide) {
 
 TEST(ContratDoc, GetMttCtt_AnyKindButBeforeTaxIsTheTotalWithTax) {
   for (const wchar_t* kind : {L"D", L"", L"h", L"H "}) {
-    auto record = priced(kind);
+    auto record = priced_contract(kind);
     EXPECT_EQ(120.12 + 240.24, total(record)) << utf8(kind);
   }
 }
 
 TEST(ContratDoc, GetMttCtt_KindIsTheContractsNotTheRows) {
-  auto record = priced(L"H");
+  auto record = priced_contract(L"H");
   set(row(record, 0).TypeTypTarif, L"T");
   set(row(record, 1).TypeTypTarif, L"D");
   EXPECT_EQ(100.10 + 200.20, total(record));
 }
 
 TEST(ContratDoc, GetMttCtt_VariablesReceiveBothTotalsAsDoubles) {
-  auto record = priced(L"H");
+  auto record = priced_contract(L"H");
   Variant before_tax, tax_included = text_value(L"ancien");
   (void)total(record, &before_tax.get(), &tax_included.get());
   EXPECT_EQ(VT_R8, before_tax.get().vt);
@@ -107,7 +93,7 @@ TEST(ContratDoc, GetMttCtt_VariablesReceiveBothTotalsAsDoubles) {
 }
 
 TEST(ContratDoc, GetMttCtt_MissingVariablesStayMissing) {
-  auto record = priced(L"H");
+  auto record = priced_contract(L"H");
   Variant before_tax = missing(), tax_included;
   (void)total(record, &before_tax.get(), &tax_included.get());
   EXPECT_EQ(VT_ERROR, before_tax.get().vt);
@@ -120,7 +106,7 @@ TEST(ContratDoc, GetMttCtt_MissingVariablesStayMissing) {
 }
 
 TEST(ContratDoc, GetMttCtt_VariableBehindAReferenceReceivesTheTotal) {
-  auto record = priced(L"H");
+  auto record = priced_contract(L"H");
   Variant variable;
   Variant argument = by_reference(variable.get());
   (void)total(record, &argument.get());
@@ -129,7 +115,7 @@ TEST(ContratDoc, GetMttCtt_VariableBehindAReferenceReceivesTheTotal) {
 }
 
 TEST(ContratDoc, GetMttCtt_RowsAreAddedInOrderWithoutRounding) {
-  auto record = priced(L"H");
+  auto record = priced_contract(L"H");
   resize_schedule(*record, 3);
   row(record, 0).MontantHT = 1e16;
   row(record, 1).MontantHT = 1;
@@ -142,7 +128,7 @@ TEST(ContratDoc, GetMttCtt_RowsAreAddedInOrderWithoutRounding) {
 }
 
 TEST(ContratDoc, GetMttCtt_TransferredAndInvoicedRowsCountLikeOthers) {
-  auto record = priced(L"H");
+  auto record = priced_contract(L"H");
   row(record, 0).Transfere = VARIANT_TRUE;
   set(row(record, 1).codeFact, L"FA0001");
   EXPECT_EQ(100.10 + 200.20, total(record));
@@ -160,14 +146,14 @@ TEST(ContratDoc, GetMttCtt_WithoutScheduleIs0) {
 }
 
 TEST(ContratDoc, GetMttCtt_LeavesTheContractAsItWas) {
-  auto record = priced(L"H");
+  auto record = priced_contract(L"H");
   const auto before = snapshot(*record);
   (void)total(record);
   expect_same(*before, *record);
 }
 
 TEST(ContratDoc, GetMttCtt_TotalThatIsNotFiniteIsFault6AndWritesNothing) {
-  auto record = priced(L"H");
+  auto record = priced_contract(L"H");
   row(record, 0).MontantTTC = kLargest;
   row(record, 1).MontantTTC = kLargest;
   Variant before_tax, tax_included;
@@ -193,7 +179,7 @@ TEST(ContratDoc, GetMttCtt_ScheduleOfOtherElementsIsFault13) {
 }
 
 TEST(ContratDoc, AmountsOfAContract_NullRecordOrResultIsEPointer) {
-  auto record = priced(L"H");
+  auto record = priced_contract(L"H");
   const Contracts contracts;
   double result = 0;
   EXPECT_EQ(E_POINTER, contracts->GetMttPivot(nullptr, &result));

@@ -9,18 +9,10 @@ using namespace host;
 
 constexpr double kLargest = std::numeric_limits<double>::max();
 
-/// Net amounts 90 and 108, rows of 100.10 and 200.20 before tax, 120.12 and 240.24 with it, no discount.
+/// Without a discount.
 Record<Type_Contrat> priced(const wchar_t* kind) {
-  auto record = contract(L"01/01/2025", L"31/12/2025",
-                         {{L"01/01/2025", L"30/06/2025"}, {L"01/07/2025", L"31/12/2025"}});
-  set(record->TypeTypTarif, kind);
-  record->MontantHT = 90;
-  record->MontantTTC = 108;
+  auto record = priced_contract(kind);
   record->Remise = 0;
-  row(record, 0).MontantHT = 100.10;
-  row(record, 0).MontantTTC = 120.12;
-  row(record, 1).MontantHT = 200.20;
-  row(record, 1).MontantTTC = 240.24;
   return record;
 }
 
