@@ -60,34 +60,29 @@ class RandomRules {
   Variant month() {
     if (chance(12)) return missing();
     const int number = chance(20) ? between(0, 14) : between(1, 12);
-    switch (between(0, 3)) {
-      case 0:
-        return Variant(static_cast<short>(number));
-      case 1:
-        return Variant(static_cast<double>(number));
-      case 2:
-        return text_value(two_digits(number));
-      default:
-        return Variant(static_cast<long>(number));
-    }
+    return in_some_type(number, [&] { return two_digits(number); });
   }
 
   Variant year() {
     if (chance(12)) return missing();
     const int number = chance(6) ? between(0, 99) : between(1901, 2098);
+    return in_some_type(number, [&] { return chance(20) ? L"an" : std::to_wstring(number); });
+  }
+
+ private:
+  template <class Text>
+  Variant in_some_type(int number, const Text& text) {
     switch (between(0, 3)) {
       case 0:
         return Variant(static_cast<short>(number));
       case 1:
         return Variant(static_cast<double>(number));
       case 2:
-        return text_value(chance(20) ? L"an" : std::to_wstring(number));
+        return text_value(text());
       default:
         return Variant(static_cast<long>(number));
     }
   }
-
- private:
   wchar_t strange() { return std::wstring_view(L"/ -.:xé0139")[static_cast<std::size_t>(between(0, 10))]; }
   std::wstring one_of(std::wstring_view letters) { return some_of(letters, 1, 1); }
   std::wstring some_of(std::wstring_view letters, int least, int most) {
