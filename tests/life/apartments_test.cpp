@@ -1,41 +1,14 @@
 // Sixteen apartments at once, and objects that outlive theirs.
-#include <array>
 #include <atomic>
-#include <functional>
 #include <memory>
 
+#include "life/thread.h"
 #include "life/usage.h"
 
 namespace {
 
 using host::ComPtr;
-
-/// A thread of its own; what it does is done when the object is gone.
-class Thread {
- public:
-  explicit Thread(std::function<void()> body) : body_(std::move(body)) {
-    handle_ = CreateThread(nullptr, 0, run, &body_, 0, nullptr);
-    EXPECT_NE(nullptr, handle_);
-  }
-  ~Thread() { join(); }
-  Thread(const Thread&) = delete;
-  Thread& operator=(const Thread&) = delete;
-
-  void join() {
-    if (!handle_) return;
-    EXPECT_EQ(WAIT_OBJECT_0, WaitForSingleObject(handle_, 300'000));
-    CloseHandle(handle_);
-    handle_ = nullptr;
-  }
-
- private:
-  static DWORD WINAPI run(void* body) {
-    (*static_cast<std::function<void()>*>(body))();
-    return 0;
-  }
-  std::function<void()> body_;
-  HANDLE handle_ = nullptr;
-};
+using life::Thread;
 
 constexpr int kApartments = 16;
 
@@ -133,43 +106,6 @@ TEST_F(ObjectsLeftBehind, ReachedDirectly_WorkAndAreReleased) {
   EXPECT_EQ(S_FALSE, library.can_unload());
   objects.clear();
   EXPECT_EQ(S_OK, library.can_unload());
-}
-
-TEST_F(ObjectsLeftBehind, ReachedThroughAProxy_FailWithAnHresult) {
-  const host::Library library;
-  std::vector<ComPtr<IStream>> streams;
-  const HANDLE marshalled = CreateEventW(nullptr, TRUE, FALSE, nullptr);
-  HANDLE fetched = CreateEventW(nullptr, TRUE, FALSE, nullptr);
-  Thread owner([&] {
-    EXPECT_EQ(S_OK, CoInitialize(nullptr));
-    int failures = 0;
-    const auto objects = life::create_all(failures);
-    for (const auto& object : objects) {
-      ComPtr<IStream> stream;
-      EXPECT_EQ(S_OK, CoMarshalInterThreadInterfaceInStream(IID_IDispatch, object.get(), stream.receive()));
-      streams.push_back(std::move(stream));
-    }
-    SetEvent(marshalled);
-    DWORD index = 0;  // serves the other apartment meanwhile
-    EXPECT_EQ(S_OK, CoWaitForMultipleHandles(0, 300'000, 1, &fetched, &index));
-    CoUninitialize();
-  });
-  ASSERT_EQ(WAIT_OBJECT_0, WaitForSingleObject(marshalled, 300'000));
-  std::vector<ComPtr<IDispatch>> proxies;
-  for (auto& stream : streams) {
-    ComPtr<IDispatch> proxy;
-    EXPECT_EQ(S_OK, CoGetInterfaceAndReleaseStream(stream.detach(), IID_IDispatch, proxy.receive_void()));
-    proxies.push_back(std::move(proxy));
-  }
-  UINT count = 0;
-  for (const auto& proxy : proxies) EXPECT_EQ(S_OK, proxy->GetTypeInfoCount(&count));
-  SetEvent(fetched);
-  owner.join();
-  for (const auto& proxy : proxies) EXPECT_TRUE(FAILED(proxy->GetTypeInfoCount(&count)));
-  proxies.clear();
-  EXPECT_EQ(S_OK, library.can_unload());
-  CloseHandle(marshalled);
-  CloseHandle(fetched);
 }
 
 }  // namespace

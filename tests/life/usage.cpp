@@ -62,12 +62,6 @@ std::vector<ComPtr<IDispatch>> create_all(int& failures) {
   return objects;
 }
 
-bool use_by_name(IDispatch* object, const host::CatalogueEntry& entry) {
-  UINT count = 0;
-  return object && SUCCEEDED(object->GetTypeInfoCount(&count)) && count == 1 &&
-         answers_right(object, entry.name);
-}
-
 bool use(IDispatch* object, const host::CatalogueEntry& entry) {
   if (!object) return false;
   UINT count = 0;
@@ -80,6 +74,31 @@ bool use(IDispatch* object, const host::CatalogueEntry& entry) {
     return false;
   }
   return answers_right(object, entry.name);
+}
+
+bool use_early_bound(IDispatch* object, const host::CatalogueEntry& entry) {
+  ComPtr<IUnknown> own;
+  if (!object || FAILED(object->QueryInterface(entry.iid, own.receive_void()))) return false;
+  if (entry.name != std::wstring_view(L"Outil")) return true;
+  ComPtr<_Outil> tools;
+  double amount = 0;
+  return SUCCEEDED(own->QueryInterface(__uuidof(_Outil), tools.receive_void())) &&
+         SUCCEEDED(tools->DLL_GetAmountHTByTTC(20, 120, 2, &amount)) && amount == 100;
+}
+
+KeptProxies keep_proxies(const std::vector<ComPtr<IDispatch>>& objects, int& failures) {
+  KeptProxies kept;
+  for (std::size_t i = 0; i < objects.size(); ++i) {
+    ComPtr<IUnknown> own;
+    ComPtr<ITypeInfo> information;
+    if (!objects[i] || FAILED(objects[i]->QueryInterface(host::catalogue()[i].iid, own.receive_void())) ||
+        FAILED(objects[i]->GetTypeInfo(0, LOCALE_USER_DEFAULT, information.receive()))) {
+      ++failures;
+    }
+    kept.interfaces.push_back(std::move(own));
+    kept.information.push_back(std::move(information));
+  }
+  return kept;
 }
 
 }  // namespace life
