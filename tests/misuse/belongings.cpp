@@ -26,20 +26,8 @@ const T& at(const void* record, std::size_t offset) {
   return *reinterpret_cast<const T*>(static_cast<const char*>(record) + offset);
 }
 
-unsigned long element_count(const SAFEARRAY* array) {
-  if (!array->pvData) return 0;
-  unsigned long count = 1;
-  for (USHORT i = 0; i < array->cDims; ++i) count *= array->rgsabound[i].cElements;
-  return count;
-}
-
-/// What an array says of its elements.
-struct Elements {
-  Holding holding = Holding::Plain;
-  const RecordLayout* layout = nullptr;
-};
-
-Elements elements_of(const SAFEARRAY* array) {
+/// What the array says of itself.
+Elements told_by(const SAFEARRAY* array) {
   if (array->fFeatures & FADF_BSTR) return {Holding::Text};
   if (array->fFeatures & (FADF_DISPATCH | FADF_UNKNOWN)) return {Holding::Object};
   if (array->fFeatures & FADF_VARIANT) return {Holding::Variant};
@@ -102,6 +90,21 @@ void scrap_element(void* place, Holding holding, const RecordLayout* layout) {
   }
 }
 
+}  // namespace
+
+unsigned long element_count(const SAFEARRAY* array) {
+  if (!array->pvData) return 0;
+  unsigned long count = 1;
+  for (USHORT i = 0; i < array->cDims; ++i) count *= array->rgsabound[i].cElements;
+  return count;
+}
+
+Elements elements_of(const SAFEARRAY* array, Holding holding, const RecordLayout* layout) {
+  const Elements told = told_by(array);
+  const bool says_nothing = told.holding == Holding::Plain && !(array->fFeatures & FADF_HAVEVARTYPE);
+  return says_nothing && array->cbElements == size_of(holding, layout) ? Elements{holding, layout} : told;
+}
+
 Holding holding_of(FieldKind kind) {
   switch (kind) {
     case FieldKind::TextArray:
@@ -116,8 +119,6 @@ Holding holding_of(FieldKind kind) {
       return Holding::Plain;
   }
 }
-
-}  // namespace
 
 Holding holding_of(VARTYPE element) {
   switch (element) {
@@ -200,11 +201,7 @@ std::string damage_of(const RecordLayout& layout, const void* record, const Lock
 
 void scrap_array(SAFEARRAY* array, Holding holding, const RecordLayout* layout) {
   if (!array) return;
-  Elements elements = elements_of(array);
-  if (elements.holding == Holding::Plain && array->cbElements == size_of(holding, layout) &&
-      !(array->fFeatures & FADF_HAVEVARTYPE)) {
-    elements = {holding, layout};
-  }
+  const Elements elements = elements_of(array, holding, layout);
   for (unsigned long i = 0; i < element_count(array); ++i) {
     scrap_element(static_cast<char*>(array->pvData) + i * array->cbElements, elements.holding,
                   elements.layout);

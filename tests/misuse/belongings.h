@@ -12,8 +12,20 @@ namespace misuse {
 /// What stands in a variable of the host, for one walk over it.
 enum class Holding { Text, Object, Variant, Record, Plain };
 
-/// What elements of a type are.
+/// What elements of a type, or of a field's array, are.
 Holding holding_of(VARTYPE element);
+Holding holding_of(velmosav::FieldKind kind);
+
+/// What stands in an array.
+struct Elements {
+  Holding holding = Holding::Plain;
+  const velmosav::RecordLayout* layout = nullptr;
+};
+/// As the array itself says, or as its owner knows where it says nothing.
+Elements elements_of(const SAFEARRAY* array, Holding holding = Holding::Plain,
+                     const velmosav::RecordLayout* layout = nullptr);
+/// None without data.
+unsigned long element_count(const SAFEARRAY* array);
 
 /// The arrays that the host itself has locked.
 struct LockedArrays {

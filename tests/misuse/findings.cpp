@@ -9,6 +9,18 @@ void Findings::add(std::size_t class_index, const std::wstring& place, const std
   ++entry->second.count;
 }
 
+void Findings::count(std::size_t class_index, const Member& member, bool succeeded) {
+  Figures& figures = figures_[class_index];
+  Outcomes& outcomes = outcomes_[&member];
+  ++(succeeded ? figures.successes : figures.faults);
+  ++(succeeded ? outcomes.successes : outcomes.faults);
+}
+
+Outcomes Findings::outcomes(const Member& member) const {
+  const auto found = outcomes_.find(&member);
+  return found == outcomes_.end() ? Outcomes{} : found->second;
+}
+
 std::vector<Finding> Findings::all() const {
   std::vector<Finding> list;
   for (const auto& entry : found_) list.push_back(entry.second);

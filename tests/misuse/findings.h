@@ -4,13 +4,21 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace misuse {
 
+struct Member;
+
 struct Figures {
   std::uint64_t calls = 0, successes = 0, faults = 0, findings = 0;
   double slowest = 0;  // milliseconds
+};
+
+/// How the calls of one member ended.
+struct Outcomes {
+  std::uint64_t successes = 0, faults = 0;
 };
 
 /// One kind of finding at one member; the first call that showed it repeats it.
@@ -28,11 +36,16 @@ class Findings {
   Figures& of(std::size_t class_index) { return figures_[class_index]; }
   [[nodiscard]] const std::vector<Figures>& figures() const { return figures_; }
 
+  /// A call of the member has ended.
+  void count(std::size_t class_index, const Member& member, bool succeeded);
+  [[nodiscard]] Outcomes outcomes(const Member& member) const;
+
   void add(std::size_t class_index, const std::wstring& place, const std::string& what, std::uint64_t number);
   [[nodiscard]] std::vector<Finding> all() const;
 
  private:
   std::vector<Figures> figures_;
+  std::unordered_map<const Member*, Outcomes> outcomes_;
   std::map<std::pair<std::wstring, std::string>, Finding> found_;
 };
 

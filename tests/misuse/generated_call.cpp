@@ -12,6 +12,7 @@ namespace {
 
 constexpr std::size_t kMostDepth = 3;
 constexpr unsigned char kUnset = 0xCC;
+constexpr double kSlow = 1000;  // milliseconds
 constexpr wchar_t kFormerFailure[] = L"un appel d'avant";
 
 /// Error information that an earlier call of the host has left on the thread.
@@ -48,6 +49,22 @@ VARIANT variant_of(VARTYPE type, void* reference) {
   value.vt = type;
   value.byref = reference;
   return value;
+}
+
+/// Of a value that is no VARIANT; its type says how much of it there is.
+bool is_empty(const VARIANT& value) {
+  switch (value.vt) {
+    case VT_UI1:
+      return value.bVal == 0;
+    case VT_I2:
+    case VT_BOOL:
+      return value.iVal == 0;
+    case VT_R8:
+    case VT_CY:
+      return value.llVal == 0;
+    default:
+      return value.lVal == 0;
+  }
 }
 
 void release_and_forget(IDispatch*& object) {
@@ -98,6 +115,9 @@ void GeneratedCall::call(const Member& member) {
   Figures& figures = findings_.of(target_.class_index);
   ++figures.calls;
   const bool early = dice_.coin();
+  const bool unchanged_by_faults = is_unchanged_by_faults(classes()[target_.class_index].name, member.name);
+  if (unchanged_by_faults) remember(variables);
+  const std::uint64_t disturbances = disturbances_;
   LARGE_INTEGER frequency, start, end;
   if (outermost) {
     watch::enter(classes()[target_.class_index].name.c_str(), member.name.c_str(), number_);
@@ -108,12 +128,15 @@ void GeneratedCall::call(const Member& member) {
     QueryPerformanceCounter(&end);
     QueryPerformanceFrequency(&frequency);
     if (watch::leave()) add_finding("takes more than a second");
-    figures.slowest = std::max(figures.slowest, 1000.0 * static_cast<double>(end.QuadPart - start.QuadPart) /
-                                                    static_cast<double>(frequency.QuadPart));
+    const double time =
+        1000.0 * static_cast<double>(end.QuadPart - start.QuadPart) / static_cast<double>(frequency.QuadPart);
+    figures.slowest = std::max(figures.slowest, time);
+    was_slow_ = was_slow_ || time > kSlow;
   }
-  ++(SUCCEEDED(code) ? figures.successes : figures.faults);
+  findings_.count(target_.class_index, member, SUCCEEDED(code));
   running_.pop_back();
   check_variables(variables);
+  if (unchanged_by_faults && FAILED(code) && disturbances == disturbances_) check_unchanged(variables);
   scrap_variables(variables);
   member_ = outer;
 }
@@ -171,6 +194,26 @@ void GeneratedCall::check_variables(const Variables& variables) {
         variable.record ? damage_of(*variable.parameter->record, variable.record, generator_.locked())
                         : damage_of(variable.value, generator_.locked());
     if (!damage.empty()) add_finding(damage);
+  }
+}
+
+void GeneratedCall::remember(Variables& variables) {
+  for (Variable& variable : variables) {
+    if (variable.shared) continue;
+    variable.before =
+        variable.record ? Contents(*variable.parameter->record, variable.record) : Contents(variable.value);
+  }
+}
+
+/// After a fault of a method that leaves everything as it was.
+void GeneratedCall::check_unchanged(const Variables& variables) {
+  for (const Variable& variable : variables) {
+    if (variable.shared) continue;
+    const std::string change = variable.before->change_to(
+        variable.record ? Contents(*variable.parameter->record, variable.record) : Contents(variable.value));
+    if (!change.empty()) {
+      add_finding("a fault changes " + host::utf8(variable.parameter->name) + ", " + change);
+    }
   }
 }
 
@@ -241,6 +284,9 @@ void GeneratedCall::check_result(const Member& member, HRESULT code, VARIANT& re
   };
   if (!record.empty()) {
     if (unset(record.data(), record.size())) return add_finding("a record result is not set");
+    if (FAILED(code) && std::any_of(record.begin(), record.end(), [](char byte) { return byte != 0; })) {
+      add_finding("a failed call leaves a result");
+    }
     const std::string damage = damage_of(*member.result->record, record.data(), generator_.locked());
     if (!damage.empty()) add_finding("the result: " + damage);
     scrap_record(*member.result->record, record.data());
@@ -255,7 +301,7 @@ void GeneratedCall::check_result(const Member& member, HRESULT code, VARIANT& re
       return add_finding("a result is not set");
     result.vt = type;
   }
-  if (FAILED(code) && type != VT_VARIANT && (type == VT_BSTR || type == VT_DISPATCH) && result.byref) {
+  if (FAILED(code) && (type == VT_VARIANT ? result.vt != VT_EMPTY : !is_empty(result))) {
     add_finding("a failed call leaves a result");
   }
   const std::string damage = damage_of(result, generator_.locked());
@@ -364,6 +410,7 @@ HRESULT GeneratedCall::call_late(const Member& member, Variables& variables) {
       id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters, dice_.one_in(10) ? nullptr : &result.get(),
       wants_exception ? &exception : nullptr, dice_.coin() ? &bad_argument : nullptr);
   if (FAILED(code)) check_exception(code, exception, wants_exception);
+  if (FAILED(code) && result.get().vt != VT_EMPTY) add_finding("a failed call leaves a result");
   const std::string damage = damage_of(result.get(), generator_.locked());
   if (!damage.empty()) add_finding("the result: " + damage);
   scrap(result.get());
@@ -396,6 +443,7 @@ void GeneratedCall::check_exception(HRESULT code, EXCEPINFO& exception, bool wan
 
 void GeneratedCall::disturb() {
   if (running_.empty() || running_.size() >= kMostDepth) return;
+  ++disturbances_;
   if (dice_.coin()) return call(surroundings_.neighbour(dice_, target_.class_index));
   for (Variables* list : running_) drop_objects(*list);
 }

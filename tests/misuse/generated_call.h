@@ -2,6 +2,7 @@
 // number say all of it.
 #pragma once
 
+#include "misuse/contents.h"
 #include "misuse/findings.h"
 #include "misuse/generator.h"
 
@@ -17,6 +18,8 @@ class GeneratedCall final : public ObjectHost {
   void run();
   /// Every call to the library, those from inside objects included.
   [[nodiscard]] std::uint64_t calls() const { return calls_; }
+  /// Whether a second of the clock was not enough: for others that use the machine, or for a call that waits.
+  [[nodiscard]] bool was_slow() const { return was_slow_; }
 
   Dice& dice() override { return dice_; }
   IDispatch* new_object() { return generator_.object(); }
@@ -32,6 +35,7 @@ class GeneratedCall final : public ObjectHost {
     VARIANT value{};
     void* record = nullptr;
     Variable* shared = nullptr;  // stands for that variable of an outer call
+    std::optional<Contents> before;
   };
   using Variables = std::deque<Variable>;
 
@@ -48,6 +52,8 @@ class GeneratedCall final : public ObjectHost {
   void check_error_information(HRESULT code);
   void check_exception(HRESULT code, EXCEPINFO& exception, bool wanted);
   void check_variables(const Variables& variables);
+  static void remember(Variables& variables);
+  void check_unchanged(const Variables& variables);
   void drop_objects(Variables& variables);
   void drop_objects(const velmosav::RecordLayout& layout, void* record);
   static void scrap_variables(Variables& variables);
@@ -63,6 +69,8 @@ class GeneratedCall final : public ObjectHost {
   std::vector<Variables*> running_;  // of the calls in progress, the outermost first
   const Member* member_ = nullptr;   // of the innermost
   std::uint64_t calls_ = 0;
+  bool was_slow_ = false;
+  std::uint64_t disturbances_ = 0;  // by objects that change variables during a call
 };
 
 }  // namespace misuse

@@ -228,6 +228,8 @@ VARIANT Generator::member_value(std::wstring_view name) {
   } else if (name == L"EnrTva" || name == L"Container" || name == L"Font" || name == L"CtlPicture") {
     answer.vt = VT_DISPATCH;
     answer.pdispVal = object();
+  } else if (name == L"GetTraduction_EXE") {
+    return value(kTextType, name);
   } else if (name == L"ExecuteFromWindow") {
     answer.vt = VT_BSTR;
     answer.bstrVal = SysAllocString(dice_.coin() ? L"2" : L"");

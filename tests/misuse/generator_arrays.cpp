@@ -40,12 +40,6 @@ std::size_t element_size(Holding holding, const RecordLayout* layout) {
                                        : sizeof(void*);
 }
 
-std::size_t element_count(const SAFEARRAY* array) {
-  std::size_t count = array->pvData ? 1 : 0;
-  for (USHORT i = 0; i < array->cDims; ++i) count *= array->rgsabound[i].cElements;
-  return count;
-}
-
 }  // namespace
 
 std::vector<SAFEARRAYBOUND> Generator::bounds(std::size_t rows) {
@@ -145,8 +139,8 @@ SAFEARRAY* Generator::array(Holding holding, const RecordLayout* layout, std::ws
 void Generator::fill_elements(SAFEARRAY* array, Holding holding, const RecordLayout* layout,
                               std::wstring_view name, int depth) {
   if (dice_.one_in(10)) return;  // all zero
-  const std::size_t count = element_count(array);
-  for (std::size_t i = 0; i < count; ++i) {
+  const unsigned long count = element_count(array);
+  for (unsigned long i = 0; i < count; ++i) {
     void* place = static_cast<char*>(array->pvData) + i * array->cbElements;
     switch (holding) {
       case Holding::Text:

@@ -167,14 +167,17 @@ BSTR altered(Dice& dice, std::wstring text) {
 OddTexts::OddTexts()
     : constants_(harvested_constants()),
       invoices_{empty_invoice(), L"<a/>", L"<Facture><Corps/></Facture>"},
-      files_{long_file(), L"Z:\\dev\\null", L"C:\\", L"C:\\nowhere\\a", L"?*|", L"a:b:c", L"\\\\.\\nothing"} {
-}
+      files_{long_file(), L"Z:\\dev\\null", L"C:\\", L"C:\\nowhere\\a", L"?*|", L"a:b:c", L"\\\\.\\nothing"},
+      hosts_{host_name()} {}
+
+std::wstring OddTexts::host_name() { return L"VelmoSAVTest" + std::to_wstring(GetCurrentProcessId()); }
 
 OddTexts::~OddTexts() { DeleteFileW(files_[0].c_str()); }
 
 const OddTexts::Words& OddTexts::plausible(std::wstring_view name) const {
   if (name == L"sXml") return invoices_;
   if (name == L"FicTemp") return files_;
+  if (name == L"NomExe") return hosts_;
   for (const Hint& hint : kHints) {
     if (name.find(hint.part) != std::wstring_view::npos) return *hint.words;
   }

@@ -18,6 +18,9 @@ class OddTexts {
   OddTexts(const OddTexts&) = delete;
   OddTexts& operator=(const OddTexts&) = delete;
 
+  /// The program whose translation link misbehaves; another in each process.
+  static std::wstring host_name();
+
   /// A text for something named `name`; null, empty, plausible, odd or very long.
   BSTR text(Dice& dice, std::wstring_view name) const;
 
@@ -27,7 +30,7 @@ class OddTexts {
   [[nodiscard]] const Words& plausible(std::wstring_view name) const;
   [[nodiscard]] const Words& any(Dice& dice) const;
 
-  Words constants_, invoices_, files_;
+  Words constants_, invoices_, files_, hosts_;
 };
 
 }  // namespace misuse

@@ -41,8 +41,10 @@ Surroundings::Surroundings() : records(record_types()) {
     EXPECT_EQ(S_OK, CoGetClassObject(clsid, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory,
                                      factory.receive_void()));
     factories_.push_back(std::move(factory));
+    methods_of_class_.emplace_back();
     for (const Member& member : classes()[i].members) {
       (member.kind == INVOKE_FUNC ? methods_ : properties_).push_back({i, &member});
+      if (member.kind == INVOKE_FUNC) methods_of_class_[i].push_back(&member);
     }
   }
   // Out of the display's sight: its coordinates have 16 bits, and a region beyond them ends the program
@@ -95,6 +97,8 @@ const Target& Surroundings::target(Dice& dice) const {
 }
 
 const Member& Surroundings::neighbour(Dice& dice, std::size_t class_index) const {
+  const auto& methods = methods_of_class_[class_index];
+  if (!methods.empty() && dice.coin()) return *dice.of(methods);
   return dice.of(classes()[class_index].members);
 }
 

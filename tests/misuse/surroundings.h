@@ -24,7 +24,7 @@ class Surroundings {
 
   /// The member that a call is made to: methods more often than properties.
   [[nodiscard]] const Target& target(Dice& dice) const;
-  /// Any other member of the same class.
+  /// Any other member of the same class, a method as often as not.
   [[nodiscard]] const Member& neighbour(Dice& dice, std::size_t class_index) const;
 
   /// A new instance by its early-bound interface.
@@ -45,6 +45,7 @@ class Surroundings {
  private:
   std::vector<ComPtr<IClassFactory>> factories_;
   std::vector<Target> methods_, properties_;
+  std::vector<std::vector<const Member*>> methods_of_class_;
   std::vector<long> addresses_;
   void* page_ = nullptr;
 };
