@@ -1,6 +1,7 @@
 // Memory runs out inside the DLL: for every call of the catalogue its first allocation is refused, then its
 // second, and so on until the call needs no more; once that one alone, once with all that follow. The call
-// answers E_OUTOFMEMORY, the record is as before, nothing is leaked, and the next call works.
+// answers E_OUTOFMEMORY (with a text where there is memory for one), the record is as before, nothing is
+// leaked, and the next call works.
 #include <algorithm>
 
 #include "memory/figures.h"
@@ -23,15 +24,21 @@ class OutOfMemory : public CatalogueTest {
     const std::size_t before = allocations_.outstanding();
     Scene scene(true);
     memory_.refuse(number, refusal);
-    const HRESULT code = make(scene);
+    take_error();
+    const HRESULT code = call_.make(scene, *object_.get());
     memory_.allow();
     refused_ = memory_.refused();
+    const std::wstring text = take_error().description;
     if (refused_.empty()) {
       EXPECT_EQ(call_.outcome, code);
       return;
     }
     if (code == E_OUTOFMEMORY) {
       ++figures().answered_no_memory;
+      // A late-bound call has its text in the exception.
+      EXPECT_TRUE(!text.empty() || call_.late || refusal == Refusal::FromThenOn ||
+                  refused_ == "CreateErrorInfo")
+          << "no text, although there is memory for it";
     } else {
       EXPECT_TRUE(can_do_without(refused_)) << refused_;
       EXPECT_EQ(call_.outcome, code) << refused_;
