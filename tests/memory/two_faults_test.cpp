@@ -81,6 +81,7 @@ class TwoFaults : public ::testing::Test {
 };
 
 TEST_F(TwoFaults, WhereverTheFirstIsInterrupted_BothAreAnswered) {
+  ASSERT_EQ(velmosav::fault_code(velmosav::Fault::TypeMismatch), fail());  // sets up what is set up once
   Encounter::was_awaited = false;
   unsigned number = 1;
   while (meet_at(number) && !HasFailure()) ++number;
