@@ -7,6 +7,7 @@
 #include "frame/library.h"
 #include "frame/registry.h"
 #include "support/classes_root.h"
+#include "support/import_table.h"
 
 namespace {
 
@@ -112,6 +113,41 @@ TEST_F(BrokenRegistration, DllRegisterServer_RegistryThatTakesNothing_FailsAndLe
   fails(L"everything");
   RegOverridePredefKey(HKEY_CLASSES_ROOT, root());
   RegCloseKey(volatile_root);
+}
+
+/// What the registry answers a user who may only read it.
+struct ReadOnly {
+  static LSTATUS WINAPI create(HKEY, LPCWSTR, DWORD, LPWSTR, DWORD, REGSAM, LPSECURITY_ATTRIBUTES, PHKEY,
+                               LPDWORD) {
+    return ERROR_ACCESS_DENIED;
+  }
+  static LSTATUS WINAPI remove(HKEY, LPCWSTR) { return ERROR_ACCESS_DENIED; }
+};
+
+TEST_F(BrokenRegistration, DllRegisterServer_RegistryThatDeniesNewKeys_IsDeniedAndLeavesNothing) {
+  {
+    const host::ReplacedImport denied(GetModuleHandleW(L"VelmoSAV_DLL14.dll"), "RegCreateKeyExW",
+                                      ReadOnly::create);
+    host::take_error();
+    EXPECT_EQ(E_ACCESSDENIED, library_.register_server());
+    EXPECT_NE(L"", host::take_error().description);
+  }
+  is_empty();
+  EXPECT_EQ(S_OK, library_.register_server());
+}
+
+TEST_F(BrokenRegistration, DllUnregisterServer_RegistryThatDeniesRemoval_IsDeniedAndWorksLater) {
+  ASSERT_EQ(S_OK, library_.register_server());
+  {
+    const host::ReplacedImport denied(GetModuleHandleW(L"VelmoSAV_DLL14.dll"), "RegDeleteTreeW",
+                                      ReadOnly::remove);
+    host::take_error();
+    EXPECT_EQ(E_ACCESSDENIED, library_.unregister_server());
+    EXPECT_NE(L"", host::take_error().description);
+  }
+  EXPECT_TRUE(host::class_key_exists(prog_id(catalogue().front())));
+  EXPECT_EQ(S_OK, library_.unregister_server());
+  is_empty();
 }
 
 TEST_F(BrokenRegistration, DllUnregisterServer_TypeLibraryIsNoLongerThere_LeavesNothing) {
