@@ -205,8 +205,11 @@ void GeneratedCall::remember(Variables& variables) {
   }
 }
 
-/// After a fault of a method that leaves everything as it was.
+/// After a fault of a method that leaves everything as it was. Where a variable of another type cannot hold
+/// what the method gave it the call fails behind the method, and the other variables keep theirs.
 void GeneratedCall::check_unchanged(const Variables& variables) {
+  if (std::any_of(variables.begin(), variables.end(), [](const Variable& one) { return one.converted; }))
+    return;
   for (const Variable& variable : variables) {
     if (variable.shared) continue;
     const std::string change = variable.before->change_to(
@@ -334,6 +337,7 @@ VARIANT GeneratedCall::late_argument(Variable& variable) {
     return missing;
   }
   if (dice_.one_in(9)) {
+    variable.converted = parameter.by_reference;
     VARIANT& odd = generator_.variable(generator_.variant(parameter.name));
     return dice_.coin() ? odd : variant_of(VT_BYREF | VT_VARIANT, &odd);
   }
@@ -360,6 +364,7 @@ VARIANT GeneratedCall::late_argument(Variable& variable) {
     case 1:
       return variant_of(static_cast<VARTYPE>(VT_BYREF | parameter.type), &value.lVal);
     default: {
+      variable.converted = parameter.by_reference;
       VARIANT& variable_of_host = generator_.variable(generator_.value(parameter.type, parameter.name));
       return variant_of(VT_BYREF | VT_VARIANT, &variable_of_host);
     }

@@ -36,6 +36,7 @@ class GeneratedCall final : public ObjectHost {
     void* record = nullptr;
     Variable* shared = nullptr;  // stands for that variable of an outer call
     std::optional<Contents> before;
+    bool converted = false;  // the call gets another variable, which may be of another type
   };
   using Variables = std::deque<Variable>;
 
