@@ -108,8 +108,9 @@ def table_of(tally, seeds):
                  f"{totals['slowest']:.1f} ms"])
     text = (f"{totals['calls']:,} generated calls of every member of every class, early- and late-bound "
             f"(seeds {', '.join(map(str, seeds))}): {len(tally.findings)} findings. A finding is a crash, an exception "
-            "that leaves the library, a call over one second of processor time, a failure without error text, a text "
-            "or array left damaged, memory or an object of the host that is still held. The slowest call is by the "
+            "that leaves the library, a call over one second (of processor time, or of the clock each time of three), "
+            "a failure without error text or with a result, a text or array left damaged, a variable changed by a "
+            "fault that changes none, memory or an object of the host that is still held. The slowest call is by the "
             "clock of a machine that does other things.")
     return {"title": "Generated misuse", "text": text,
             "columns": ["class", "calls", "successes", "faults", "findings", "slowest call"], "rows": rows}
