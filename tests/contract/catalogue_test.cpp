@@ -33,17 +33,6 @@ std::vector<NamedType> expected_types() {
   return types;
 }
 
-std::vector<ComPtr<ITypeInfo>> every_type() {
-  std::vector<ComPtr<ITypeInfo>> types;
-  const auto library = type_library();
-  for (UINT i = 0; library && i < library->GetTypeInfoCount(); ++i) {
-    ComPtr<ITypeInfo> info;
-    EXPECT_EQ(S_OK, library->GetTypeInfo(i, info.receive()));
-    types.push_back(std::move(info));
-  }
-  return types;
-}
-
 struct GuidOrder {
   bool operator()(const GUID& left, const GUID& right) const {
     return std::memcmp(&left, &right, sizeof(GUID)) < 0;

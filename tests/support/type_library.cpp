@@ -67,6 +67,17 @@ ComPtr<ITypeLib> type_library() {
   return ComPtr<ITypeLib>::copy(library);
 }
 
+std::vector<ComPtr<ITypeInfo>> every_type() {
+  std::vector<ComPtr<ITypeInfo>> types;
+  const auto library = type_library();
+  for (UINT i = 0; library && i < library->GetTypeInfoCount(); ++i) {
+    ComPtr<ITypeInfo> info;
+    EXPECT_EQ(S_OK, library->GetTypeInfo(i, info.receive()));
+    types.push_back(std::move(info));
+  }
+  return types;
+}
+
 ComPtr<ITypeInfo> type_named(TYPEKIND kind, const std::wstring& name) {
   ComPtr<ITypeInfo> info;
   const auto library = type_library();

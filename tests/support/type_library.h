@@ -18,6 +18,9 @@ std::wstring registered_path();
 /// The type library inside the DLL; null, and the test fails, when there is none.
 ComPtr<ITypeLib> type_library();
 
+/// Every type that it publishes.
+std::vector<ComPtr<ITypeInfo>> every_type();
+
 /// A type by its kind and exact name; null, and the test fails, when the library has none.
 ComPtr<ITypeInfo> type_named(TYPEKIND kind, const std::wstring& name);
 
