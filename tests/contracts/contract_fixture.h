@@ -4,18 +4,10 @@
 #include <initializer_list>
 
 #include "support/arguments.h"
+#include "support/filled_record.h"
 #include "support/records.h"
 
 namespace host {
-
-/// Gives every field of a record a value of its own (flags are set), so that a field changed by mistake shows
-/// in a comparison. Arrays stay as they are.
-void fill_record(const velmosav::RecordLayout& layout, void* record);
-
-template <class T>
-void fill(T& record) {
-  fill_record(velmosav::layout_of<T>(), &record);
-}
 
 /// A row of the billing schedule, by what the rules of periods read of it.
 struct Period {
