@@ -100,21 +100,30 @@ TEST_P(PublishedTypesOfEachClass, EveryProperty_HasAGetAndALetUnderOneIdentifier
   EXPECT_EQ(gets, lets);
 }
 
-TEST_P(PublishedTypesOfEachClass, EveryProperty_WrittenWithAnotherValue_ReadsIt) {
+/// A number as text, another one than `current`; of a Boolean the opposite.
+std::wstring other_number(const VARIANT& current) {
+  if (current.vt == VT_BOOL) return current.boolVal ? L"0" : L"-1";
+  return velmosav::to_text(current).view() == L"7" ? L"8" : L"7";
+}
+
+TEST_P(PublishedTypesOfEachClass, EveryProperty_WrittenWithAnotherValueAsText_ReadsItAsItsOwnType) {
   for (const Member& member : members_) {
     if (member.kind != INVOKE_PROPERTYPUT) continue;
-    const std::wstring value = member.parameters[0].type == "BOOL" ? L"0" : L"7";
-    const Variant seven = host::text_value(value);
+    const auto read = [&] { return Invocation(object_.get(), member.id).flags(DISPATCH_PROPERTYGET).run(); };
+    const Outcome before = read();
+    const std::wstring number = other_number(before.result.get());
+    const Variant text = host::text_value(number);
     ASSERT_EQ(S_OK, Invocation(object_.get(), member.id)
                         .flags(DISPATCH_PROPERTYPUT)
-                        .pass_named(DISPID_PROPERTYPUT, seven.get())
+                        .pass_named(DISPID_PROPERTYPUT, text.get())
                         .run()
                         .code)
         << utf8(member.name);
-    Outcome read = Invocation(object_.get(), member.id).flags(DISPATCH_PROPERTYGET).run();
-    VARIANT& result = read.result.get();
-    ASSERT_EQ(S_OK, VariantChangeType(&result, &result, 0, VT_I4));
-    EXPECT_EQ(std::stol(value), result.lVal) << utf8(member.name);
+    Outcome after = read();
+    VARIANT& value = after.result.get();
+    EXPECT_EQ(before.result.get().vt, value.vt) << utf8(member.name);
+    ASSERT_EQ(S_OK, VariantChangeType(&value, &value, 0, VT_I4)) << utf8(member.name);
+    EXPECT_EQ(std::stol(number), value.lVal) << utf8(member.name);
   }
 }
 
