@@ -34,12 +34,52 @@ TEST(ModuleScroll, LargeurMini_StaysWhenMargehorizChanges) {
   EXPECT_EQ(2, number_member(L"ModuleScroll", L"MARGEHORIZ"));  // another instance
 }
 
-TEST(ModuleScroll, Flags_ArePowersOfTwoAndMovementCodesAreNegative) {
-  EXPECT_EQ(32768, number_member(L"ModuleScroll", L"CLICKEVTSURCOL"));
-  EXPECT_EQ(0x200000, number_member(L"ModuleScroll", L"COULEURCELLULE"));
-  EXPECT_EQ(-1, number_member(L"ModuleScroll", L"DEPDROITE"));
-  EXPECT_EQ(-8, number_member(L"ModuleScroll", L"DEPLASTLIG"));
-  EXPECT_EQ(1, number_member(L"ModuleScroll", L"DEPINSERE"));
+/// Flags of one field of the grid, from `first` on, each the double of the one before.
+struct Flags {
+  long first;
+  std::vector<const wchar_t*> names;
+};
+
+TEST(ModuleScroll, Flags_ArePowersOfTwoEachTheDoubleOfTheOneBefore) {
+  const Flags fields[] = {
+      {2, {L"S_COMPLCHANGE", L"S_COMPLKEYDOWN", L"S_COMPLKEYPRESS", L"S_COMPLKEYUP", L"S_COMPLRECHERCHE"}},
+      {1, {L"STYLEFORMATLIGNE",  L"CELLOSTFOCUS",
+           L"CELGOTFOCUS",       L"MEMOIRE",
+           L"LIGGOTFOCUS",       L"LIGLOSTFOCUS",
+           L"RETOURENTETE",      L"ACCESS",
+           L"AJOUTIMPOSSIBLE",   L"Tri",
+           L"PARAMETRABLE",      L"COMPLEMENT",
+           L"STYLEFORMATCOL",    L"COLNONDEPLACABLE",
+           L"COMPLVALIDOBLIG",   L"CLICKEVTSURCOL",
+           L"STYLEFORCERSORTIE", L"COLGAUCHEFIXE",
+           L"COMPLEMENTFIXE",    L"COLONNAGEMODIFIE",
+           L"POSITREEL",         L"COULEURCELLULE"}},
+      {2,
+       {L"TABSTOPTRUE", L"TABSTOPFALSE", L"Texte", L"RESSOURCES", L"NOTUPDATABLE", L"LIBELLEASSOCIE",
+        L"COLNONSIZABLE", L"RESSPERSO"}},
+      {1, {L"COLDANSSCROLL", L"COLDANSCOMPL"}},
+  };
+  const auto object = create_dispatch(L"ModuleScroll");
+  for (const auto& [first, names] : fields) {
+    long expected = first;
+    for (const wchar_t* name : names) {
+      EXPECT_EQ(expected, velmosav::to_long(member(object.get(), name).get())) << utf8(name);
+      expected *= 2;
+    }
+  }
+}
+
+TEST(ModuleScroll, MovementCodes_AreNegativeAndEditCodesPositive) {
+  const std::pair<const wchar_t*, long> codes[] = {
+      {L"DEPDROITE", -1}, {L"DEPGAUCHE", -2},     {L"DEPHAUT", -3},     {L"DEPBAS", -4},
+      {L"DEPPGHAUT", -5}, {L"DEPPGBAS", -6},      {L"DEPFIRSTLIG", -7}, {L"DEPLASTLIG", -8},
+      {L"DEPINSERE", 1},  {L"DEPSUPPRIME", 2},    {L"DEPSAISIE", 5},    {L"DEPREL", 6},
+      {L"DEPORIGINE", 7}, {L"DEPVALIDELIGNE", 8}, {L"DEPTRI", 9},
+  };
+  const auto object = create_dispatch(L"ModuleScroll");
+  for (const auto& [name, expected] : codes) {
+    EXPECT_EQ(expected, velmosav::to_long(member(object.get(), name).get())) << utf8(name);
+  }
 }
 
 TEST(Planning, FirstAndLastMode_AreCopiesThatDoNotFollowTheModes) {
