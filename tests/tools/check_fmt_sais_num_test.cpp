@@ -127,9 +127,12 @@ TEST_F(CheckFmtSaisNum, FailsForADigitCountBeyondEveryNumber) {
   EXPECT_TRUE(host::is_fault(run(std::wstring(400, L'9') + L".0", 1), 6, L"Outil"));
 }
 
-TEST_F(CheckFmtSaisNum, NeverRejectsASmallValueForAnUpperBoundBeyondEveryNumber) {
-  const HRESULT outcome = run(L"<" + std::wstring(350, L'9'), 5);
-  EXPECT_TRUE(FAILED(outcome) || result_ == VARIANT_TRUE);
+TEST_F(CheckFmtSaisNum, FailsForABoundBeyondEveryNumber) {
+  for (const wchar_t* sign : {L"<", L">", L">-"}) {
+    result_ = VARIANT_TRUE;
+    EXPECT_TRUE(host::is_fault(run(sign + std::wstring(350, L'9'), 5), 6, L"Outil")) << host::utf8(sign);
+    EXPECT_EQ(VARIANT_FALSE, result_);
+  }
 }
 
 TEST_F(CheckFmtSaisNum, TakesManyDecimals) {
