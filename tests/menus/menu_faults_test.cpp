@@ -13,20 +13,29 @@ constexpr HRESULT kRefusal = static_cast<HRESULT>(0x80040321UL);
 
 class MenuFaults : public host::ContractMenus {
  protected:
+  /// What a failed call leaves in the place for the answer.
+  static constexpr auto kNothing = static_cast<IndMenuPop>(0);
+
   /// Both menus fail with the fault, and answer nothing.
   void expect_fault(int number, IDispatch* button) {
-    IndMenuPop choice = IndMenuPop_RemplSite;
+    IndMenuPop choice = kUntouched;
     EXPECT_TRUE(is_fault(try_interventions(button, choice), number, L"ContratDoc"));
+    EXPECT_EQ(kNothing, choice);
+    choice = kUntouched;
     EXPECT_TRUE(is_fault(try_sites(button, choice), number, L"ContratDoc"));
+    EXPECT_EQ(kNothing, choice);
   }
 
-  /// Both menus fail with kRefusal and the text that came with it.
+  /// Both menus fail with kRefusal and the text that came with it, and answer nothing.
   void expect_refusal() {
-    IndMenuPop choice{};
+    IndMenuPop choice = kUntouched;
     EXPECT_EQ(kRefusal, try_interventions(button_.object().get(), choice));
     EXPECT_EQ(L"Refusé", host::take_error().description);
+    EXPECT_EQ(kNothing, choice);
+    choice = kUntouched;
     EXPECT_EQ(kRefusal, try_sites(button_.object().get(), choice));
     EXPECT_EQ(L"Refusé", host::take_error().description);
+    EXPECT_EQ(kNothing, choice);
   }
 
   static host::Variant refuse(const FakeObject::Arguments&) {
