@@ -1,4 +1,4 @@
-// Counts and flags over the schedules: NbrCadFact, NbrCadFactFacture, NbrEchP, NbrCadInterv, IsEchCttForcee.
+// Counts and flags over the billing schedule: NbrCadFact, NbrCadFactFacture, NbrEchP, IsEchCttForcee.
 #include "contracts/contract_fixture.h"
 
 namespace {
@@ -18,7 +18,6 @@ short count(Contracts::Question question, Record<Type_Contrat>& record) {
 constexpr Contracts::Question kRows = &_ContratDoc::NbrCadFact;
 constexpr Contracts::Question kInvoiced = &_ContratDoc::NbrCadFactFacture;
 constexpr Contracts::Question kTechnicians = &_ContratDoc::NbrEchP;
-constexpr Contracts::Question kInterventions = &_ContratDoc::NbrCadInterv;
 constexpr Contracts::Question kForced = &_ContratDoc::IsEchCttForcee;
 
 TEST(ContratDoc, NbrCadFact_IsTheNumberOfRows) {
@@ -130,52 +129,10 @@ TEST(ContratDoc, IsEchCttForcee_WithoutScheduleIsNot) {
   EXPECT_EQ(VARIANT_FALSE, count(kForced, record));
 }
 
-/// An intervention schedule; a row has a site, a label, both or none.
-void plan(Record<Type_Contrat>& record,
-          std::initializer_list<std::pair<const wchar_t*, const wchar_t*>> rows) {
-  dimension<Type_CadencierInterv>(record->TabCadInterv, static_cast<unsigned long>(rows.size()));
-  unsigned long index = 0;
-  for (const auto& [site, label] : rows) {
-    Type_CadencierInterv& line = element<Type_CadencierInterv>(record->TabCadInterv, index++);
-    set(line.CodeSite, site);
-    set(line.Libelle, label);
-  }
-}
-
-TEST(ContratDoc, NbrCadInterv_RowWithNeitherSiteNorLabelIsNotCounted) {
-  auto record = three_rows();
-  plan(record, {{L"S1", L"Visite"}, {L"", L" "}, {L"S2", L"Visite"}});
-  EXPECT_EQ(2, count(kInterventions, record));
-}
-
-TEST(ContratDoc, NbrCadInterv_BlankRowsAreLeftOutWhereverTheyStand) {
-  auto record = three_rows();
-  plan(record, {{L" ", L""}, {L"S1", L"Visite"}, {L"", L""}, {L"", L""}});
-  EXPECT_EQ(1, count(kInterventions, record));
-}
-
-TEST(ContratDoc, NbrCadInterv_SiteOrLabelAloneIsEnough) {
-  auto record = three_rows();
-  plan(record, {{L"S1", L""}, {L"", L"Visite"}});
-  EXPECT_EQ(2, count(kInterventions, record));
-}
-
-TEST(ContratDoc, NbrCadInterv_ScheduleOfBlankRowsIs0) {
-  auto record = three_rows();
-  plan(record, {{L"", L""}, {L" ", L" "}});
-  EXPECT_EQ(0, count(kInterventions, record));
-}
-
-TEST(ContratDoc, NbrCadInterv_ScheduleNeverDimensionedIsMinus1) {
-  auto record = three_rows();
-  velmosav::erase<Type_CadencierInterv>(record->TabCadInterv);
-  EXPECT_EQ(-1, count(kInterventions, record));
-}
-
 TEST(ContratDoc, CountsAndFlags_LeaveTheContractAsItWas) {
   auto record = three_rows();
   const auto before = snapshot(*record);
-  for (const auto question : {kRows, kInvoiced, kTechnicians, kInterventions, kForced}) {
+  for (const auto question : {kRows, kInvoiced, kTechnicians, kForced}) {
     (void)count(question, record);
   }
   expect_same(*before, *record);
@@ -209,7 +166,7 @@ TEST(ContratDoc, CountsAndFlags_NullContractOrResultIsEPointer) {
   auto record = three_rows();
   const Contracts contracts;
   short result = 0;
-  for (const auto question : {kRows, kInvoiced, kTechnicians, kInterventions, kForced}) {
+  for (const auto question : {kRows, kInvoiced, kTechnicians, kForced}) {
     EXPECT_EQ(E_POINTER, (contracts.operator->()->*question)(nullptr, &result));
     EXPECT_EQ(E_POINTER, (contracts.operator->()->*question)(record, nullptr));
   }

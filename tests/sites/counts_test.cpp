@@ -1,5 +1,6 @@
 // ContratDoc.NbrInterv and ContratDoc.NbrCadInterv.
 #include "sites/contract_fixture.h"
+#include "support/filled_record.h"
 
 namespace host {
 namespace {
@@ -85,6 +86,19 @@ INSTANTIATE_TEST_SUITE_P(
                       Row{"TabAsLabel", {.label = L"\t"}, 1},
                       Row{"NumberAndWorkOrderOnly", {.visit = 3, .work_order = L"INT-1"}, 0}),
     [](const auto& row) { return row.param.description; });
+
+TEST_F(ContratDocInterventions, NbrCadInterv_BlankRowsOnBothSides_AreLeftOut) {
+  set_schedule(*contract_, {{.site = L" "}, {.site = L"A", .label = L"Visite"}, {}, {}});
+  EXPECT_EQ(1, value_of(scheduled_count()));
+}
+
+TEST_F(ContratDocInterventions, NbrCadInterv_OfAContractWithEveryFieldFilled_IsTheSame) {
+  fill(*contract_);
+  set_visits(*contract_, {{.site = L"A", .label = L"Visite"}});
+  set_schedule(*contract_, {{.site = L"A", .label = L"Visite"}, {.site = L"B"}, {}});
+  dimension<Type_CadencierFact>(contract_->TabCadFact, 5);
+  EXPECT_EQ(2, value_of(scheduled_count()));
+}
 
 TEST_F(ContratDocInterventions, NbrCadInterv_OnlyBlankRows_IsZero) {
   set_schedule(*contract_, {{}, {.site = L" "}, {.label = L" "}});
