@@ -1,4 +1,5 @@
-// How a failure travels inside the library: one exception type, thrown anywhere, caught in one place.
+// How a failure travels inside the library: one exception type, thrown anywhere, caught at the boundary
+// (object/boundary.h), or by `attempt` (attempt.h) where it is skipped.
 //
 //   raise(Fault::SubscriptOutOfRange);          a fault of the automation run-time
 //   check(document->loadXML(text, &loaded));    a failed call, with the callee's error information

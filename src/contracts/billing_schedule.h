@@ -46,7 +46,10 @@ short add_instalment(Type_Contrat& contract, const ContratDocConstants& labels,
 std::wstring_view last_period_end(const Type_Contrat& contract, bool transferred_only,
                                   std::wstring_view fallback);
 
+/// Rows that are invoiced: they have an invoice code that is not blank, or were transferred. 0 without a
+/// schedule.
 short invoiced_row_count(const Type_Contrat& contract);
+/// Whether the amount of at least one row was forced by hand.
 bool has_forced_row(const Type_Contrat& contract);
 
 /// Whether billing rows are invoiced (`check_billing`) or work orders issued (`check_interventions`, for one

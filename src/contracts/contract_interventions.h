@@ -14,8 +14,8 @@ namespace velmosav {
 short scheduled_intervention_count(const Type_Contrat& contract);
 
 /// Brings the first and last dates of an intervention inside the contract (its own start and end): a date
-/// that is none, or lies outside, is replaced. True when one was. Fault 9 for an index outside, 13 for a
-/// contract without dates.
+/// that is none, or lies outside, is replaced. True when one was. Fault 9 for an index outside, 13 when a
+/// date has to be compared with a start or end of the contract that is none.
 bool correct_intervention_dates(const Type_Contrat& contract, short intervention);
 
 /// The later row of the first pair of interventions of one site that share a label, ignoring case and outer

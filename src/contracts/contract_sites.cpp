@@ -21,6 +21,7 @@ long group_start(const Interventions& interventions, long index) {
   return index;
 }
 
+/// The first intervention behind a group; the last of all when no other group follows.
 long skip_group(const Interventions& interventions, long index) {
   const long first = index;
   while (index != interventions.end() - 1 && site_of(interventions, index) == site_of(interventions, first))

@@ -27,8 +27,8 @@ struct MenuChoice {
 void store(IndMenuPop* place, MenuChoice choice) noexcept;
 
 /// Shows the entries for a button (an object with an `hWnd`) and waits for the choice; IndMenuPop_None when
-/// the menu is dismissed. Faults: 429 without the companion object, 438 for a button without window, 13 for a
-/// strange answer.
+/// the menu is dismissed. Faults: 429 without the companion object, 91 without a button, 438 for a button
+/// without `hWnd`; for the companion's answer 13 when it is no number, 6 beyond 16 bits, 94 for Null.
 MenuChoice choose_from_menu(IDispatch* button, std::span<const MenuEntry> entries);
 
 }  // namespace velmosav

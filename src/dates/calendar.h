@@ -21,7 +21,7 @@ Bstr corrected_date(std::wstring_view date);
 Bstr corrected_date(Bstr date);
 
 /// Last day of a month as "dd/mm/yy". `year` becomes the number it was read as, the current year when
-/// missing.
+/// missing. Faults: 13 for a month and year that make no date, 94 for Null, 5 for December 9999.
 Bstr last_day_of_month(short month, VARIANT* year);
 
 /// A date as text without a pattern: the system's short form.

@@ -36,7 +36,8 @@ int weekday_of_key(std::wstring_view key) {
   return 0;
 }
 
-/// The first or last day that the ordinal starts from, and the direction of the walk.
+/// The day that the ordinal starts from (the first or last of the month, or whole weeks after the first), and
+/// the direction of the walk.
 struct WalkStart {
   Bstr date;
   int step;

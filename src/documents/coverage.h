@@ -13,11 +13,14 @@ namespace velmosav {
 void clear_line(Type_LigneCouverture& line);
 
 /// Inserts an empty line before `index` (beyond the end: at the end); the lines behind it move. Fault 9 for a
-/// negative index or a list that was never dimensioned, 10 for a locked one; the record is unchanged then.
+/// negative index, a list that was never dimensioned, starts at another index than 0 or has two dimensions;
+/// 10 for one that is locked, of fixed size or a vector; 13 for elements of another kind. The record is
+/// unchanged then.
 void insert_line(Type_Couverture& coverage, double index);
 
 /// Whether an article stands in the list on another line than `excluded`; codes without outer blanks,
-/// exactly. An empty article is never there.
+/// exactly. An empty article is never there. Fault 9 for a list that starts above index 0 or has two
+/// dimensions, 13 for elements of another kind.
 bool contains_article(const Type_Couverture& coverage, std::wstring_view article, double excluded);
 
 }  // namespace velmosav

@@ -10,7 +10,7 @@
 namespace velmosav {
 
 /// Resources of an intervention (second dimension of its table); a single resource whose first cell is empty
-/// counts as none; -1 without a table.
+/// counts as none; -1 without a table, and for a single resource without a cell (0, 0).
 short resource_count(const Type_Intervention& intervention) noexcept;
 
 /// Total time of a technician's slots in a unit: "s", "n" minutes, "h", "j" days, "w" weeks, "m" months of 30

@@ -1,6 +1,5 @@
 // Translation of the library's texts, through a link object of the host.
 #include <new>
-#include <span>
 
 #include "automation/late_bound.h"
 #include "object/class_object.h"

@@ -1,5 +1,6 @@
 // The one place where a failure becomes an HRESULT: every method of every class runs its logic through here.
-// A lint check refuses a `catch` anywhere else.
+// Beside it only `attempt` (automation/attempt.h) catches, to skip a failure; a lint check refuses any other
+// `catch`.
 //
 //   HRESULT ContratDoc::NbrCadFact(Type_Contrat* Contrat, short* Resultat) {
 //     return answer(Resultat, [&] { return count_of(required(Contrat).TabCadFact); });

@@ -7,9 +7,7 @@
 
 namespace velmosav {
 
-class DispatchTable;
-
-/// One class of the library: its name, identifiers, and the table through which it is called by name.
+/// One class of the library: its name and identifiers.
 struct ClassIdentity {
   const wchar_t* name;
   const CLSID& clsid;

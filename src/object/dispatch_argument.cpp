@@ -126,7 +126,8 @@ std::uint32_t* DispatchArgument::push(const DispatchParameter& parameter,
 }
 
 bool DispatchArgument::changed() const noexcept {
-  // A text is replaced, never edited: another address is another text.
+  // Another text has another address. Only a list of codes is edited where it is, and what was converted
+  // from a number, a date or a Boolean holds no quoted code to be taken out.
   return std::memcmp(&before_.lVal, &converted_.get().lVal, before_.vt == VT_R8 ? 8 : 4) != 0;
 }
 

@@ -6,6 +6,8 @@
 
 namespace velmosav {
 
+class DispatchTable;
+
 /// The late-bound side of one object. Knows its class's table from its first use on.
 class Dispatcher {
  public:
