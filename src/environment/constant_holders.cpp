@@ -6,6 +6,12 @@
 namespace velmosav {
 namespace {
 
+// Values that are made of others: whoever changes one of the lists sees here which go with it.
+static_assert(initial<PlanningConstants>.m_PC_FirstModePl == initial<PlanningConstants>.m_PC_ModeDocument);
+static_assert(initial<PlanningConstants>.m_PC_LastModePl == initial<PlanningConstants>.m_PC_ModeRessource);
+static_assert(initial<ModuleScrollConstants>.m_LargeurMini ==
+              2 * initial<ModuleScrollConstants>.m_MARGEHORIZ + 15);
+
 class Planning final : public ClassObject<::_Planning> {
  public:
 #include "object/constant_properties.h"
