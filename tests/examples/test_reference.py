@@ -71,6 +71,19 @@ def run_script(text):
         return printed
 
 
+def compared_constants(contract):
+    """A script that compares each constant of a new instance with what its page shows, and prints those that differ."""
+    lines, count = ["Option Explicit", 'WScript.Echo "=== 0"', "Dim instance"], 0
+    for class_ in contract.classes:
+        lines.append(f'Set instance = CreateObject("{LIBRARY}.{class_.name}")')
+        for constant in class_.constants:
+            shown = re.sub(r"^0x(.*)$", r"&H\1&", constant.initial)
+            lines.append(f"If instance.{constant.name} <> {shown} Then "
+                         f'WScript.Echo "{class_.name}.{constant.name} = " & instance.{constant.name}')
+            count += 1
+    return "\r\n".join([*lines, f'WScript.Echo "{count} compared"', ""])
+
+
 class Reference(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
@@ -95,6 +108,11 @@ class Reference(unittest.TestCase):
         self.assertEqual(sorted(pages), sorted(path.name for path in folder.iterdir()), "run ./sav reference")
         for name, text in pages.items():
             self.assertEqual(text, (folder / name).read_text(encoding="utf-8"), f"{name}: run ./sav reference")
+
+    def test_constants_have_the_values_that_their_pages_show(self):
+        count = sum(len(class_.constants) for class_ in self.contract.classes)
+        self.assertGreater(count, 600)
+        self.assertEqual({0: [f"{count} compared"]}, run_script(compared_constants(self.contract)))
 
     def test_vbscript_examples_print_what_they_show(self):
         found = [(class_name, entry, example) for class_name, help_ in self.helps.items()

@@ -61,7 +61,7 @@ class Constant:
     number: int
     name: str
     type_name: str
-    initial: str
+    initial: str  # as a Basic host writes it; a number as the list has it
     help: str
 
 
@@ -145,11 +145,24 @@ CONSTANT = re.compile(r'^CONSTANT\((\d+), (\w+), (\w+), (.*), "(.*)"\)$', re.M)
 IDENTITY = re.compile(r'uuid\(([0-9A-F-]+)\), helpcontext\(PAGE\),\s*helpstring\("(.*?)"\)\]\s*(interface|coclass)')
 
 
+def basic_value(kind, literal):
+    """A constant's literal of C++ as a Basic host writes it."""
+    if kind == "Boolean":
+        return {"VARIANT_TRUE": "True", "VARIANT_FALSE": "False"}[literal]
+    if kind != "Text":
+        return literal
+    escaped = re.findall(r"\\(.)", literal)
+    if set(escaped) - set('\\"'):
+        raise ValueError(f"{literal}: an escape that the reference cannot show")
+    return '"' + re.sub(r"\\(.)", r"\1", unquoted(literal)).replace('"', '""') + '"'
+
+
 def read_constants(path, published_names):
     if not path.exists():
         return []
     found = CONSTANT.findall(path.read_text(encoding="utf-8"))
-    return [Constant(int(number), published_names.get(name, name), CONSTANT_TYPES.get(kind, kind), value, help_text)
+    return [Constant(int(number), published_names.get(name, name), CONSTANT_TYPES.get(kind, kind),
+                     basic_value(kind, value), help_text)
             for number, kind, name, value, help_text in found]
 
 
