@@ -55,7 +55,9 @@ void write_report() {
   host::ReliabilityPiece piece{
       "Atomicity",
       "What a fault leaves of the host's records, grids, variables and objects. Each row was made to happen "
-      "and everything compared before and after, by test_atomicity. A result is always empty after a fault.",
+      "and everything compared before and after, by test_atomicity. A result is always empty after a fault. "
+      "A late-bound call may also fail behind the method, where a typed variable cannot hold what the "
+      "method made of it: that variable stays as it was, and what the method did remains.",
       {"Class", "Method", "Fault", "Code", "What it leaves"},
       {}};
   for (const Row& row : rows()) {
