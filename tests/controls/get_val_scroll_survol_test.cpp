@@ -152,6 +152,8 @@ TEST_F(GetValScrollSurvol, AnIndexThatIsNo16BitNumber_FailsAndLeavesTheIndexes) 
   EXPECT_TRUE(is_fault(read(), 6, L"Outil"));
   grid_->on_get(L"GetColSurvol", [](auto&) { return host::null_value(); });
   EXPECT_TRUE(is_fault(read(), 94, L"Outil"));
+  grid_->on_get(L"GetColSurvol", [](auto&) { return host::text_value(L"QTE"); });
+  EXPECT_TRUE(is_fault(read(), 13, L"Outil"));
   EXPECT_EQ(77, row_);
   EXPECT_EQ(88, column_);
   EXPECT_EQ(VT_EMPTY, value_.get().vt);
@@ -188,6 +190,8 @@ TEST_F(GetValScrollSurvol, AnObjectThatIsNoGridFails) {
 TEST_F(GetValScrollSurvol, AGridWithoutPictureFails) {
   grid_->property(L"CtlPicture", host::object_value(nullptr));
   EXPECT_TRUE(is_fault(read(), 91, L"Outil"));
+  grid_->property(L"CtlPicture", host::text_value(L"image"));
+  EXPECT_TRUE(is_fault(read(), 424, L"Outil"));
 }
 
 TEST_F(GetValScrollSurvol, RefusesNullPointers) {

@@ -171,6 +171,18 @@ TEST(Periodicite, GetDateOfDay_MonthOrYearThatMakesNoDateIsFault13) {
   }
 }
 
+TEST(Periodicite, GetDateOfDay_LastWeekdayOfDecember9999IsFault5) {
+  const RuleFields fields{.ordinal = L"R", .weekdays = L"L"};
+  EXPECT_TRUE(is_fault(outcome(fields, Variant(12L), Variant(9999L)), 5, L"Periodicite"));
+}
+
+TEST(Periodicite, GetDateOfDay_LastWeekdayOfAMonthBeyond16BitsIsFault6) {
+  const RuleFields last{.ordinal = L"R", .weekdays = L"L"};
+  EXPECT_TRUE(is_fault(outcome(last, Variant(32768L), Variant(2025L)), 6, L"Periodicite"));
+  const RuleFields first{.ordinal = L"P", .weekdays = L"L"};
+  EXPECT_TRUE(is_fault(outcome(first, Variant(32768L), Variant(2025L)), 13, L"Periodicite"));
+}
+
 TEST(Periodicite, GetDateOfDay_LeavesTheRuleAsItIs) {
   auto record = rule({.kind = L"M", .every = 1, .ordinal = L"r", .weekdays = L"v", .months = L"I"});
   const auto before = snapshot(*record);

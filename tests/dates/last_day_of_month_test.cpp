@@ -121,6 +121,13 @@ TEST(Periodicite, LastDayOfMonth_MonthZeroIsFault13) {
   EXPECT_TRUE(is_fault(Recurrence()->LastDayOfMonth(&month, &year.get(), &result), 13, L"Periodicite"));
 }
 
+TEST(Periodicite, LastDayOfMonth_December9999IsFault5) {
+  short month = 12;
+  Variant year(9999L);
+  Text result;
+  EXPECT_TRUE(is_fault(Recurrence()->LastDayOfMonth(&month, &year.get(), &result), 5, L"Periodicite"));
+}
+
 TEST(Periodicite, LastDayOfMonth_YearThatIsNoNumberIsFault13AndStays) {
   short month = 1;
   Variant year = text_value(L"abc");

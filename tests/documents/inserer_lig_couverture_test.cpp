@@ -213,6 +213,14 @@ const RefusedList kRefusedLists[] = {
      10},
     {"FixedSize", [](SAFEARRAY*& list) { list->fFeatures |= FADF_FIXEDSIZE; },
      [](SAFEARRAY*& list) { list->fFeatures &= static_cast<USHORT>(~FADF_FIXEDSIZE); }, 10},
+    {"Vector",
+     [](SAFEARRAY*& list) {
+       const auto info = host::record_info<Type_LigneCouverture>();
+       velmosav::destroy_record_array(list, velmosav::layout_of<Type_LigneCouverture>());
+       list = SafeArrayCreateVectorEx(VT_RECORD, 0, 2, info.get());
+       ASSERT_NE(nullptr, list);
+     },
+     keep, 10},
     {"ElementsOfAnotherSize",
      [](SAFEARRAY*& list) {
        velmosav::destroy_record_array(list, velmosav::layout_of<Type_LigneCouverture>());

@@ -160,6 +160,22 @@ TEST_F(ClsDLLTrad, DllInitialisationTrad_ANullAnswer_IsFault94AndKeepsTheMembers
   EXPECT_EQ(mixed(Texts(kMembers), expected_texts(), 2), texts());
 }
 
+TEST_F(ClsDLLTrad, InitConstTrad_ANullAnswer_IsFault94AndKeepsTheMembersBefore) {
+  ASSERT_EQ(S_OK, initialise());
+  host_.answer = [](long identifier) {
+    return identifier == 2811 ? null_value() : text_value(L"nouveau " + std::to_wstring(identifier));
+  };
+  EXPECT_TRUE(is_fault(translation_->InitConstTrad(), 94, L"ClsDLLTrad"));
+  EXPECT_EQ(mixed(expected_texts(), expected_texts(L"nouveau "), 2), texts());
+}
+
+TEST_F(ClsDLLTrad, InitConstTrad_LinkWithoutTheMember_IsFault438AndSetsNoMember) {
+  host_.is_mute = true;
+  EXPECT_TRUE(FAILED(initialise()));
+  EXPECT_TRUE(is_fault(translation_->InitConstTrad(), 438, L"ClsDLLTrad"));
+  EXPECT_EQ(Texts(kMembers), texts());
+}
+
 TEST_F(ClsDLLTrad, LateBound_AFailingCall_CarriesTheLinksErrorInTheException) {
   host_.fails_at = 3;
   Variant program = text_value(L"TestHote");

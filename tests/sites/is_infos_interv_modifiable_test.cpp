@@ -193,6 +193,11 @@ TEST_F(ContratDocModifiable, IsInfosIntervModifiable_NullIsFault94) {
   EXPECT_TRUE(faults(is_modifiable(null_value()), 94));
 }
 
+TEST_F(ContratDocModifiable, IsInfosIntervModifiable_AnIndexBeyond32Bits_IsFault6) {
+  set_visits(*contract_, {{}});
+  EXPECT_TRUE(faults(is_modifiable(Variant(3e9)), 6));
+}
+
 TEST_F(ContratDocModifiable, IsInfosIntervModifiable_ATextThatIsNoNumber_IsFault13) {
   set_visits(*contract_, {{}});
   EXPECT_TRUE(faults(is_modifiable(text_value(L"toutes")), 13));

@@ -157,6 +157,11 @@ TEST_F(CheckFmtNum, HasWrittenTheNumberBackWhenTheFormatFails) {
   EXPECT_EQ(VT_R8, value.get().vt);
 }
 
+TEST_F(CheckFmtNum, FailsForADigitCountOfTheFormatBeyond16Bits) {
+  control_->property(L"Format", host::text_value(L"32768.0"));
+  EXPECT_TRUE(host::is_fault(run(nullptr), 6, L"Outil"));
+}
+
 TEST_F(CheckFmtNum, FailsWithoutControl) {
   IDispatch* none = nullptr;
   EXPECT_TRUE(host::is_fault(tools_->CheckFmtNum(&none, nullptr, &result_), 91, L"Outil"));
