@@ -35,6 +35,7 @@ class Tally:
         self.calls = 0
         self.figures = {}
         self.findings = []
+        self.slowest = (0, "none")  # milliseconds, call
 
     def add(self, report):
         with self.lock:
@@ -43,6 +44,8 @@ class Tally:
                 for key in COUNTS:
                     sums[key] += entry[key]
                 sums["slowest"] = max(sums["slowest"], entry["slowest"])
+                self.slowest = max(self.slowest, (entry["slowest"], f"{entry['name']}.{entry['slowest_member']}, seed "
+                                                  f"{report['seed']}, number {entry['slowest_number']}"))
                 self.calls += entry["calls"]
             print(f"{self.calls:>12,} of {self.wanted:,} calls, {len(self.findings)} findings", flush=True)
 
@@ -110,8 +113,8 @@ def table_of(tally, seeds):
             f"(seeds {', '.join(map(str, seeds))}): {len(tally.findings)} findings. A finding is a crash, an exception "
             "that leaves the library, a call over one second (of processor time, or of the clock each time of three), "
             "a failure without error text or with a result, a text or array left damaged, a variable changed by a "
-            "fault that changes none, memory or an object of the host that is still held. The slowest call is by the "
-            "clock of a machine that does other things.")
+            "fault that changes none, memory or an object of the host that is still held. The slowest calls are by the "
+            f"clock of a machine that does other things; the slowest of all: {tally.slowest[1]}.")
     return {"title": "Generated misuse", "text": text,
             "columns": ["class", "calls", "successes", "faults", "findings", "slowest call"], "rows": rows}
 

@@ -74,7 +74,9 @@ void write_json(std::ostream& stream, const Campaign& campaign, const CampaignRe
     stream << (i ? ",\n" : "\n") << "  {\"name\": \"" << host::utf8(classes()[i].name)
            << "\", \"calls\": " << figures.calls << ", \"successes\": " << figures.successes
            << ", \"faults\": " << figures.faults << ", \"findings\": " << figures.findings
-           << ", \"slowest\": " << figures.slowest << "}";
+           << ", \"slowest\": " << figures.slowest << ", \"slowest_member\": \""
+           << host::utf8(figures.slowest_member) << "\", \"slowest_number\": " << figures.slowest_number
+           << "}";
   }
   stream << "\n]}\n";
 }

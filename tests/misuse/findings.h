@@ -14,6 +14,8 @@ struct Member;
 struct Figures {
   std::uint64_t calls = 0, successes = 0, faults = 0, findings = 0;
   double slowest = 0;  // milliseconds
+  std::wstring slowest_member;
+  std::uint64_t slowest_number = 0;
 };
 
 /// How the calls of one member ended.

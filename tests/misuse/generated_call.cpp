@@ -130,7 +130,11 @@ void GeneratedCall::call(const Member& member) {
     if (watch::leave()) add_finding("takes more than a second");
     const double time =
         1000.0 * static_cast<double>(end.QuadPart - start.QuadPart) / static_cast<double>(frequency.QuadPart);
-    figures.slowest = std::max(figures.slowest, time);
+    if (time > figures.slowest) {
+      figures.slowest = time;
+      figures.slowest_member = member.name;
+      figures.slowest_number = number_;
+    }
     was_slow_ = was_slow_ || time > kSlow;
   }
   findings_.count(target_.class_index, member, SUCCEEDED(code));
