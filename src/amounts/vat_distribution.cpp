@@ -1,7 +1,6 @@
 #include "amounts/vat_distribution.h"
 
 #include <array>
-#include <iterator>
 #include <string>
 
 #include "amounts/amount_arithmetic.h"
@@ -15,12 +14,6 @@ namespace velmosav {
 namespace {
 
 constexpr std::wstring_view kMark = L"@";
-
-template <class Distribution>
-auto& line_of(Distribution& distribution, int code) {
-  if (code < 0 || code >= static_cast<int>(std::size(distribution.Lignes))) raise(Fault::SubscriptOutOfRange);
-  return distribution.Lignes[code];
-}
 
 /// Highest code as the walks take it: an unsigned 8-bit value.
 int highest_code() {

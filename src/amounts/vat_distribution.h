@@ -24,12 +24,13 @@ struct DistributionInput {
 
 /// Reads a text (blank: everything under `code`) into an empty record, fills rates and accounts from the
 /// host's table, and spreads the pivot. `code` is set last: -1, the one code, or the multiple code. Faults:
-/// 13 or 6 for a code or percentage that is no number, 9 for a code of 100 or more.
+/// 13 or 6 for a code or percentage that is no number, 9 for a code of 100 or more, and those of spreading.
 void read_distribution(std::wstring_view text, IDispatch* table, const DistributionInput& input, short& code,
                        Type_RepartTVA& distribution);
 
 /// Spreads the pivot over the slots by their percentages, the rounding difference going to the highest code
-/// in use, and computes each slot's VAT. Returns the pivot converted to the other base.
+/// in use, and computes each slot's VAT. Returns the pivot converted to the other base. Faults: 6 for an
+/// amount out of range or that is not finite, 11 for a rate of -100 where the pivot includes the tax.
 double spread_amount(Type_RepartTVA& distribution, double pivot, std::wstring_view kind, short decimals);
 
 }  // namespace velmosav

@@ -18,7 +18,7 @@ void fill_lines(IDispatch* table, short highest_code, Type_RepartTVA& distributi
     // Most tables fail for most codes.
     const std::optional<Variant> entry = entries.find(Variant(code));
     if (!entry) continue;
-    attempt([&] { fill_line(HostObject(to_object(entry->get())), distribution.Lignes[code]); });
+    attempt([&] { fill_line(HostObject(to_object(entry->get())), line_of(distribution, code)); });
   }
 }
 

@@ -1,8 +1,9 @@
 #include "invoicing/invoice_lines.h"
 
-#include <iterator>
 #include <string>
 
+#include "amounts/vat_table.h"
+#include "automation/array_lock.h"
 #include "automation/date_text.h"
 #include "automation/number_text.h"
 #include "companion/companion.h"
@@ -35,9 +36,8 @@ std::wstring joined_address(const Type_AdresseTiers& address) {
   return text;
 }
 
-void add_intervention_heading(const InvoiceRows& rows, const Type_Bon& intervention,
-                              std::wstring_view section) {
-  add_text(rows, RowLevel::Document, section,
+void add_intervention_heading(const InvoiceRows& rows, const Type_Bon& intervention) {
+  add_text(rows, RowLevel::Document, rows.names().m_PC_TypLig_Tranche,
            concat({L"Intervention du ", short_date(intervention.DateDeb).view()}).view());
   const std::wstring_view site = view(intervention.Adr.NomSite);
   if (!is_blank(site)) {
@@ -50,13 +50,14 @@ void add_intervention_heading(const InvoiceRows& rows, const Type_Bon& intervent
 
 /// What the contract covers: shown at no price, then a blank line.
 void add_covered_articles(const InvoiceRows& rows, const ArrayView<Type_LigneArticle>& articles,
-                          std::wstring_view section, std::wstring_view invoiced_situation) {
+                          std::wstring_view invoiced_situation) {
   bool headed = false;
   for (long i = 0; i < articles.end(); ++i) {
     const Type_LigneArticle& article = articles[i];
     if (view(article.TypeLigne) == text_line() || view(article.Situation) == invoiced_situation) continue;
     if (!headed) {
-      add_text(rows, RowLevel::Consumption, section, L"Consommations / Opérations prises en charge");
+      add_text(rows, RowLevel::Consumption, rows.names().m_PC_TypLig_Tranche,
+               L"Consommations / Opérations prises en charge");
       headed = true;
     }
     rows.write_article(article, false);
@@ -67,13 +68,14 @@ void add_covered_articles(const InvoiceRows& rows, const ArrayView<Type_LigneArt
 
 /// What is invoiced. Every article takes a number, written or not: a covered one leaves a gap.
 void add_invoiced_articles(const InvoiceRows& rows, const ArrayView<Type_LigneArticle>& articles,
-                           std::wstring_view section, std::wstring_view invoiced_situation) {
+                           std::wstring_view invoiced_situation) {
   bool headed = false;
   for (long i = 0; i < articles.end(); ++i) {
     const Type_LigneArticle& article = articles[i];
     const bool is_text = view(article.TypeLigne) == text_line();
     if (!headed && !is_text) {
-      add_text(rows, RowLevel::Consumption, section, L"Consommations / Opérations facturées");
+      add_text(rows, RowLevel::Consumption, rows.names().m_PC_TypLig_Tranche,
+               L"Consommations / Opérations facturées");
       headed = true;
     }
     if (is_text) {
@@ -89,11 +91,10 @@ Bstr period_text(std::wstring_view opening, BSTR start, BSTR end) {
   return concat({opening, short_date(start).view(), L" au ", short_date(end).view()});
 }
 
-void add_vat_shares(const InvoiceRows& rows, const Type_CadencierFact& row, std::wstring_view account) {
+void add_vat_shares(const InvoiceRows& rows, const Type_CadencierFact& row, const BSTR& account) {
   const short highest = companion::highest_vat_code();
   for (int code = 0; code <= highest; ++code) {
-    if (code >= static_cast<int>(std::size(row.RepartTva.Lignes))) raise(Fault::SubscriptOutOfRange);
-    const Type_LigneRepartTVA& share = row.RepartTva.Lignes[code];
+    const Type_LigneRepartTVA& share = line_of(row.RepartTva, code);
     if (!(share.Pourcent > 0)) continue;
     rows.write_vat_share(share, code, account);
     rows.advance();
@@ -107,13 +108,13 @@ Bstr add_intervention_lines(const InvoiceXMLLibConstants& names, DomFactory& dom
                             std::wstring_view invoiced_situation, short& number) {
   const InvoiceDocument invoice(names, dom, xml);
   if (!invoice.has_root()) return {};
-  const InvoiceRows rows(invoice, kFromIntervention, view(intervention.Code), vat_object, number);
-  const std::wstring_view section = names.m_PC_TypLig_Tranche;
+  const InvoiceRows rows(invoice, kFromIntervention, Bstr(view(intervention.Code)), vat_object, number);
   const ArrayView<Type_LigneArticle> articles(intervention.TabArticle);
+  const ArrayLock lock(intervention.TabArticle);
 
-  add_intervention_heading(rows, intervention, section);
-  if (!invoiced_situation.empty()) add_covered_articles(rows, articles, section, invoiced_situation);
-  add_invoiced_articles(rows, articles, section, invoiced_situation);
+  add_intervention_heading(rows, intervention);
+  if (!invoiced_situation.empty()) add_covered_articles(rows, articles, invoiced_situation);
+  add_invoiced_articles(rows, articles, invoiced_situation);
   return invoice.text();
 }
 
@@ -122,8 +123,8 @@ Bstr add_instalment_lines(const InvoiceXMLLibConstants& names, DomFactory& dom, 
   const InvoiceDocument invoice(names, dom, xml);
   if (!invoice.has_root()) return {};
   const Type_CadencierFact& row = ArrayView<Type_CadencierFact>(contract.TabCadFact)[instalment];
-  const Bstr origin = whole_number_text(row.NumAuto);
-  const InvoiceRows rows(invoice, kFromContract, origin.view(), vat_object, number);
+  const ArrayLock lock(contract.TabCadFact);
+  const InvoiceRows rows(invoice, kFromContract, whole_number_text(row.NumAuto), vat_object, number);
 
   add_text(rows, RowLevel::Document, names.m_PC_TypLig_Tranche,
            concat({L"Contrat n°", view(contract.Code), L", facturation prévue au ",
@@ -136,7 +137,7 @@ Bstr add_instalment_lines(const InvoiceXMLLibConstants& names, DomFactory& dom, 
            period_text(L"Période de validité du ", contract.DateDeb, contract.DateFin).view());
   add_text(rows, RowLevel::Document, text_line(),
            period_text(L"Facturation de la période du ", row.DateDeb, row.DateFin).view());
-  add_vat_shares(rows, row, view(contract.Compte));
+  add_vat_shares(rows, row, contract.Compte);
   return invoice.text();
 }
 

@@ -3,7 +3,8 @@
 // Rows are numbered by `number`, which holds the next free number after the call (fault 6 beyond 32767). The
 // result is the invoice text with the rows appended; empty, with `number` unchanged, when `xml` does not load
 // or holds no invoice. `vat_object`: address of the host's VAT object, -1 for none; an object that fails
-// leaves rates empty.
+// leaves rates empty. That object is the host's code and may call back: names and fields are read when they
+// are written, and the array being walked is locked.
 #pragma once
 
 #include "automation/platform.h"

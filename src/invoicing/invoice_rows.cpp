@@ -47,7 +47,9 @@ XmlElement InvoiceRows::start(RowLevel level, std::wstring_view type) const {
   invoice_.add_attribute(row, names.m_pc_XInv_RANK, whole_number_text(number_).view());
   invoice_.add_attribute(row, names.m_pc_XInv_LEVEL, level == RowLevel::Document ? L"1" : L"2");
   invoice_.add_attribute(row, names.m_pc_XInv_TYPE, type);
-  if (!origin_type_.empty() && !origin_code_.empty()) invoice_.add_origin(row, origin_code_, origin_type_);
+  if (!origin_type_.empty() && !origin_code_.view().empty()) {
+    invoice_.add_origin(row, origin_code_.view(), origin_type_);
+  }
   return row;
 }
 
@@ -90,8 +92,7 @@ void InvoiceRows::write_article(const Type_LigneArticle& article, bool invoiced)
   finish(row);
 }
 
-void InvoiceRows::write_vat_share(const Type_LigneRepartTVA& share, int code,
-                                  std::wstring_view account) const {
+void InvoiceRows::write_vat_share(const Type_LigneRepartTVA& share, int code, const BSTR& account) const {
   const InvoiceXMLLibConstants& names = invoice_.names();
   const std::optional<double> rate = vat_rate(vat_object_, code);
   const XmlElement row = start(RowLevel::Document, initial<AchatVenteConstants>.m_PC_TypLig_NRef);
@@ -101,7 +102,7 @@ void InvoiceRows::write_vat_share(const Type_LigneRepartTVA& share, int code,
   add(names.m_pc_XInv_PRICE, number_text(share.MontantBase).view());
   add(names.m_pc_XInv_QTY, L"1");
   add(names.m_pc_XInv_DESIGNATION, share_label(rate, code).view());
-  add(names.m_pc_XInv_CPT, account);
+  add(names.m_pc_XInv_CPT, view(account));
   add_vat_code(row, code, rate_text(rate).view());
   finish(row);
 }

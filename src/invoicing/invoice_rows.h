@@ -5,6 +5,9 @@
 
 #include <VelmoSAV_DLL14.h>
 
+#include <utility>
+
+#include "automation/text.h"
 #include "invoicing/invoice_document.h"
 
 namespace velmosav {
@@ -14,11 +17,11 @@ enum class RowLevel { Document, Consumption };
 /// Rows of one source document. A row's rank is the number at that moment; the caller moves the number on.
 class InvoiceRows {
  public:
-  InvoiceRows(const InvoiceDocument& invoice, std::wstring_view origin_type, std::wstring_view origin_code,
+  InvoiceRows(const InvoiceDocument& invoice, std::wstring_view origin_type, Bstr origin_code,
               long vat_object, short& number)
       : invoice_(invoice),
         origin_type_(origin_type),
-        origin_code_(origin_code),
+        origin_code_(std::move(origin_code)),
         vat_object_(vat_object),
         number_(number) {}
 
@@ -26,10 +29,12 @@ class InvoiceRows {
   /// An article that is not invoiced is shown at no price.
   void write_article(const Type_LigneArticle& article, bool invoiced) const;
   /// The share of an instalment under one VAT code.
-  void write_vat_share(const Type_LigneRepartTVA& share, int code, std::wstring_view account) const;
+  void write_vat_share(const Type_LigneRepartTVA& share, int code, const BSTR& account) const;
 
   /// The next number; fault 6 beyond 32767.
   void advance() const;
+
+  [[nodiscard]] const InvoiceXMLLibConstants& names() const { return invoice_.names(); }
 
  private:
   [[nodiscard]] XmlElement start(RowLevel level, std::wstring_view type) const;
@@ -38,7 +43,7 @@ class InvoiceRows {
 
   const InvoiceDocument& invoice_;
   std::wstring_view origin_type_;
-  std::wstring_view origin_code_;
+  Bstr origin_code_;
   long vat_object_;
   short& number_;
 };

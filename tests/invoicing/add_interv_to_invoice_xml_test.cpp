@@ -188,6 +188,24 @@ TEST_F(AddIntervToInvoiceXml, RaisesSubscriptWhenArticlesDoNotBeginAtZero) {
   EXPECT_EQ(7, line);
 }
 
+TEST_F(AddIntervToInvoiceXml, WritesNoArticleRowForAListNeverDimensioned) {
+  velmosav::erase<Type_LigneArticle>(order_->TabArticle);
+  short line = 0;
+  EXPECT_EQ(2u, host::row_nodes(order_rows(order_, line)).size());
+  EXPECT_EQ(2, line);
+  line = 0;
+  const auto rows = host::row_nodes(order_rows(order_, line, L"F"));
+  ASSERT_EQ(3u, rows.size());
+  EXPECT_EQ(L" ", rows[2].child(L"DESIGNATION").text);
+  EXPECT_EQ(3, line);
+}
+
+TEST_F(AddIntervToInvoiceXml, NumbersFromZeroWithoutANumberToMoveOn) {
+  host::Text result;
+  ASSERT_EQ(S_OK, invoices_->AddIntervToInvoiceXML(order_, nullptr, -1, nullptr, nullptr, &result));
+  EXPECT_EQ(L"0", host::row_nodes(result.str()).at(0).attribute(L"RANK"));
+}
+
 TEST_F(AddIntervToInvoiceXml, RefusesANullPointer) {
   short line = 0;
   host::Text result;
