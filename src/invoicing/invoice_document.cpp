@@ -86,6 +86,11 @@ void InvoiceDocument::add_attribute(const XmlElement& element, std::wstring_view
                                     std::wstring_view text) const {
   LentText attribute(name);
   LentText content(text);
+  if (name.empty()) {
+    // Not every version's setAttribute refuses an empty name, as this does: the text could not be read again.
+    ComPtr<IXMLDOMAttribute> refused;
+    check(document_->createAttribute(attribute.get(), refused.receive()));
+  }
   VARIANT value;  // borrows the text
   value.vt = VT_BSTR;
   value.bstrVal = content.get();

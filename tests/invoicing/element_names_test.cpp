@@ -150,6 +150,26 @@ TEST_F(ElementNames, FailTheCallWhenTheDomRefusesOne) {
   EXPECT_NE(L"", host::take_error().description);
 }
 
+/// Each name of an attribute that a row is written with.
+class AttributeNames : public ElementNames, public ::testing::WithParamInterface<const wchar_t*> {};
+
+TEST_P(AttributeNames, FailTheCallWhenEmptyAsAnElementsDoes) {
+  auto contract = host::sample_contract();
+  host::set_share(*contract, 0, 1, 100, 50);
+  write(GetParam(), L"");
+  short line = 0;
+  host::Text result;
+  const HRESULT code = invoices_->AddCttToInvoiceXML(contract, 0, nullptr, -1, &line, &result);
+  EXPECT_TRUE(FAILED(code)) << std::hex << code;
+  EXPECT_EQ(L"", result.str());
+  EXPECT_NE(L"", host::take_error().description);
+}
+
+INSTANTIATE_TEST_SUITE_P(OfRows, AttributeNames,
+                         ::testing::Values(L"pc_XInv_RANK", L"pc_XInv_LEVEL", L"pc_XInv_TYPE",
+                                           L"pc_XInv_RATETVA"),
+                         [](const auto& row) { return host::utf8(row.param); });
+
 TEST_F(ElementNames, AreNotTouchedByConstantsOfTheHostsOwnInstances) {
   const auto dates = host::create_dispatch(L"ApiGeneral");
   const auto line_types = host::create_dispatch(L"AchatVente");
