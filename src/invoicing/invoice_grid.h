@@ -13,8 +13,11 @@ namespace velmosav {
 
 inline constexpr long kGridColumns = IndTabGener_Max + 1;
 
-/// True when two rows go onto the same invoice: customer, price list, representative and VAT format are
-/// equal. Fault 94 when a key cell is Null.
+/// What makes an invoice: customer, price list, representative and VAT format.
+inline constexpr long kInvoiceKeys[] = {IndTabGener_ColCodeCli, IndTabGener_ColTypeTarif,
+                                        IndTabGener_ColCodeVend, IndTabGener_ColFormatTVA};
+
+/// True when two rows go onto the same invoice: its keys are equal. Fault 94 when a key cell is Null.
 bool same_invoice(const VariantGrid& grid, long row, long other);
 
 /// Groups the ticked rows of the grid by invoice, each group where its first row stood, and drops all others.

@@ -14,11 +14,6 @@
 namespace velmosav {
 namespace {
 
-constexpr long kKeys[] = {IndTabGener_ColCodeCli, IndTabGener_ColTypeTarif, IndTabGener_ColCodeVend,
-                          IndTabGener_ColFormatTVA};
-
-bool is_null(const VARIANT& value) { return dereferenced(value).vt == VT_NULL; }
-
 /// Ticked and of another type than the invoice; Null counts as false in either test.
 bool qualifies(const VariantGrid& grid, long row, std::wstring_view invoice_type) {
   const VARIANT& type = grid.cell(row, IndTabGener_ColTypeDoc);
@@ -31,7 +26,7 @@ bool qualifies(const VariantGrid& grid, long row, std::wstring_view invoice_type
 }
 
 bool has_plain_keys(const VariantGrid& grid, long row) {
-  for (const long column : kKeys) {
+  for (const long column : kInvoiceKeys) {
     if (key_kind(grid.cell(row, column)) == KeyKind::Other) return false;
   }
   return true;
@@ -39,7 +34,7 @@ bool has_plain_keys(const VariantGrid& grid, long row) {
 
 std::size_t row_hash(const VariantGrid& grid, long row) {
   std::size_t hash = 0;
-  for (const long column : kKeys) hash = hash * 16777619U ^ key_hash(grid.cell(row, column));
+  for (const long column : kInvoiceKeys) hash = hash * 16777619U ^ key_hash(grid.cell(row, column));
   return hash ^ (hash >> 15);
 }
 
