@@ -24,7 +24,9 @@ class Couverture final : public ClassObject<::_Couverture> {
   HRESULT STDMETHODCALLTYPE ArtDejaPresent(BSTR Art, Type_Couverture* Document, VARIANT Lig,
                                            VARIANT_BOOL* Resultat) noexcept override {
     return answer(Resultat, [&] {
-      return contains_article(required(Document), view(Art), is_missing(Lig) ? -1 : to_double(Lig));
+      const Type_Couverture& coverage = required(Document);
+      if (view(Art).empty()) return false;
+      return contains_article(coverage, view(Art), is_missing(Lig) ? -1 : to_double(Lig));
     });
   }
 
@@ -33,7 +35,7 @@ class Couverture final : public ClassObject<::_Couverture> {
   }
 
   HRESULT STDMETHODCALLTYPE RazCouv(Type_Couverture* Couv) noexcept override {
-    return perform([&] { erase<Type_LigneCouverture>(required(Couv).Liste); });
+    return perform([&] { clear_lines(required(Couv)); });
   }
 };
 

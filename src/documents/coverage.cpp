@@ -12,6 +12,8 @@ namespace velmosav {
 
 void clear_line(Type_LigneCouverture& line) { clear(line); }
 
+void clear_lines(Type_Couverture& coverage) { erase<Type_LigneCouverture>(coverage.Liste); }
+
 void insert_line(Type_Couverture& coverage, double index) {
   const short count = count_of(coverage.Liste);
   // Whole numbers round halves to even, as everywhere.
@@ -25,7 +27,6 @@ void insert_line(Type_Couverture& coverage, double index) {
 }
 
 bool contains_article(const Type_Couverture& coverage, std::wstring_view article, double excluded) {
-  if (article.empty()) return false;
   const std::wstring_view wanted = trim(article);
   const ArrayView<Type_LigneCouverture> lines(coverage.Liste);
   const short count = count_of(coverage.Liste);

@@ -6,6 +6,7 @@
 #include "automation/date_text.h"
 #include "automation/text.h"
 #include "constants/constant_sets.h"
+#include "documents/coverage.h"
 #include "records/array_view.h"
 #include "records/record_array.h"
 
@@ -109,7 +110,7 @@ void clear_lists(Type_Intervention& intervention) {
   require_erasable<BSTR>(intervention.TabRes);
 
   erase_objects(intervention.TabAppareil);
-  erase<Type_LigneCouverture>(intervention.Couverture.Liste);
+  clear_lines(intervention.Couverture);
   erase_plain_array(intervention.TabRes, PlainElement::Text);
 }
 

@@ -63,6 +63,12 @@ TEST_F(ArtDejaPresent, IsFalseForAnEmptyArticleEvenBesideALineWithoutCode) {
   EXPECT_EQ(VARIANT_FALSE, found_);
 }
 
+TEST_F(ArtDejaPresent, IsFalseForAnEmptyArticleWhateverTheLine) {
+  auto coverage = coverage_of({L"A1"});
+  EXPECT_FALSE(contains(L"", coverage, host::null_value()));
+  EXPECT_FALSE(contains(L"", coverage, host::text_value(L"x")));
+}
+
 TEST_F(ArtDejaPresent, FindsALineWithoutCodeForABlankArticle) {
   auto coverage = coverage_of({L"A1", nullptr});
   EXPECT_TRUE(contains(L"  ", coverage));
