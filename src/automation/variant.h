@@ -79,6 +79,7 @@ bool is_convertible(const VARIANT& value) noexcept;
 
 /// True for an optional argument that the caller left out (not for an empty one).
 bool is_missing(const VARIANT& value) noexcept;
+inline bool is_null(const VARIANT& value) noexcept { return dereferenced(value).vt == VT_NULL; }
 inline bool is_missing(const VARIANT* value) noexcept { return !value || is_missing(*value); }
 
 /// The run-time's conversions by the user's regional settings. Null is fault 94, a value of another kind 13,

@@ -105,6 +105,28 @@ TEST_P(ReconductionPair, BDiffLigneTab_NullInBothCells_IsFault94) {
   EXPECT_TRUE(faults(grid_, 0, 94));
 }
 
+TEST_P(ReconductionPair, BDiffLigneTab_NullBesideOtherPairsThatDiffer_IsFault94) {
+  for (const Columns& pair : kPairs) grid_.set(0, pair.current, Variant(7.0));
+  grid_.set(0, GetParam().former, null_value());
+  EXPECT_TRUE(faults(grid_, 0, 94));
+}
+
+TEST_F(Reconduction, BDiffLigneTab_AllPairsAreReadBeforeANullFaults) {
+  RenewalGrid narrow(1, 21);
+  for (long column = 0; column < 21; ++column) narrow.set(0, column, Variant(1.0));
+  narrow.set(0, 6, null_value());
+  EXPECT_TRUE(faults(narrow, 0, 9));
+
+  RenewalGrid grid(1);
+  grid.set_equal(0, 1);
+  grid.set(0, 6, null_value());
+  Variant error;
+  error.get().vt = VT_ERROR;
+  error.get().scode = E_FAIL;
+  grid.set(0, 20, error);
+  EXPECT_TRUE(faults(grid, 0, 13));
+}
+
 INSTANTIATE_TEST_SUITE_P(Pairs, ReconductionPair, ::testing::ValuesIn(kPairs),
                          [](const auto& row) { return std::string(row.param.name); });
 
