@@ -68,6 +68,24 @@ bool is_plain(std::string_view text) {
   return digits <= 15;
 }
 
+/// Whether a number that no Double holds is too large; it is too small otherwise.
+bool is_too_large(std::string_view number) {
+  const std::size_t end = std::min(number.find_first_of("eE"), number.size());
+  const std::string_view mantissa = number.substr(0, end);
+  const auto point = static_cast<long long>(std::min(mantissa.find('.'), mantissa.size()));
+  long long magnitude = point - static_cast<long long>(mantissa.find_first_of("123456789"));
+  if (end < number.size()) {
+    std::string_view digits = number.substr(end + 1);
+    if (digits.front() == '+') digits.remove_prefix(1);
+    long exponent = 0;
+    if (std::from_chars(digits.data(), digits.data() + digits.size(), exponent).ec != std::errc()) {
+      return digits.front() != '-';
+    }
+    magnitude += exponent;
+  }
+  return magnitude > 0;
+}
+
 std::string_view view_of(const char* start, const std::to_chars_result& end) {
   return {start, static_cast<std::size_t>(end.ptr - start)};
 }
@@ -116,6 +134,17 @@ Bstr whole_number_text(long value) {
   return text;
 }
 
+NumberRead read_number(std::string_view text) {
+  double value = 0;
+  const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  const auto length = static_cast<std::size_t>(stop - text.data());
+  if (error == std::errc::result_out_of_range) {
+    if (is_too_large(text.substr(0, length))) raise(Fault::Overflow);
+    return {0, length};
+  }
+  return {value, error == std::errc() ? length : 0};
+}
+
 double leading_number(std::wstring_view text) {
   if (const auto number = short_whole_number(text)) return *number;
   const std::size_t start = text.find_first_not_of(L' ');
@@ -127,13 +156,7 @@ double leading_number(std::wstring_view text) {
   const std::size_t length = std::min(text.find_first_not_of(L"0123456789.eE+-"), text.size());
   const std::string plain(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(length));
   if (plain.empty() || plain.front() == '-' || plain.front() == '+') return 0;
-  double value = 0;
-  const bool too_far =
-      std::from_chars(plain.data(), plain.data() + plain.size(), value).ec == std::errc::result_out_of_range;
-  // Out of range upwards; downwards the number is as good as 0.
-  if (too_far && plain.find("e-") == std::string::npos && plain.find("E-") == std::string::npos) {
-    raise(Fault::Overflow);
-  }
+  const double value = read_number(plain).value;
   return negative ? -value : value;
 }
 

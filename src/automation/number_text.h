@@ -1,6 +1,8 @@
 // Numbers as text by the user's regional settings (decimal separator; up to 15 significant digits).
 #pragma once
 
+#include <string_view>
+
 #include "automation/text.h"
 
 namespace velmosav {
@@ -11,6 +13,14 @@ Bstr number_text(double value);
 /// The value must already be rounded to that many decimals.
 Bstr fixed_number_text(double value, int decimals);
 Bstr whole_number_text(long value);
+
+/// A number in digits with a point at the front of a text, and how far it goes (0: there is none). Too small
+/// a number is 0; fault 6 for one too large.
+struct NumberRead {
+  double value;
+  std::size_t length;
+};
+NumberRead read_number(std::string_view text);
 
 /// Number at the front of a text, whatever the regional settings: leading blanks are skipped, the decimal
 /// mark is a point, reading stops at the first character that is no part of a number. 0 when there is none,

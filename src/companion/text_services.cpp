@@ -1,8 +1,8 @@
-#include <algorithm>
-#include <charconv>
 #include <string>
+#include <string_view>
 
 #include "automation/fault.h"
+#include "automation/number_text.h"
 #include "automation/variant.h"
 #include "companion/companion.h"
 
@@ -43,12 +43,9 @@ std::wstring_view next_token(std::wstring_view& rest, std::wstring_view separato
 double parse_number(std::wstring_view text) {
   const std::string plain = plain_number(text);
   if (plain.empty()) return 0;
-  const char* first = plain.c_str() + (plain.front() == '+' ? 1 : 0);
-  const char* end = plain.c_str() + plain.size();
-  double value = 0;
-  const auto [stop, error] = std::from_chars(first, end, value);
-  if (error == std::errc::result_out_of_range) raise(Fault::Overflow);
-  if (error != std::errc() || stop != end) raise(Fault::TypeMismatch);
+  const std::string_view number = std::string_view(plain).substr(plain.front() == '+' ? 1 : 0);
+  const auto [value, length] = read_number(number);
+  if (length == 0 || length != number.size()) raise(Fault::TypeMismatch);
   return value;
 }
 

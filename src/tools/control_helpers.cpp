@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "automation/attempt.h"
 #include "automation/late_bound.h"
 #include "automation/number_text.h"
 #include "companion/companion.h"
@@ -11,7 +12,13 @@
 namespace velmosav {
 namespace {
 
-long numeric_field() { return initial<ModuleScrollConstants>.m_T_NUM; }
+/// Anything but the number of a numeric field is another type of field.
+bool is_numeric_field(const HostObject& control) {
+  const Variant type = control.get(L"TypeChamp");
+  bool numeric = false;
+  attempt([&] { numeric = to_double(type.get()) == initial<ModuleScrollConstants>.m_T_NUM; });
+  return numeric;
+}
 
 Bstr text_property(const HostObject& object, const wchar_t* name) { return to_text(object.get(name).get()); }
 
@@ -19,7 +26,7 @@ Bstr text_property(const HostObject& object, const wchar_t* name) { return to_te
 
 bool satisfies_control_format(IDispatch* control, VARIANT* value) {
   const HostObject object(control);
-  if (to_double(object.get(L"TypeChamp").get()) != numeric_field()) return false;
+  if (!is_numeric_field(object)) return false;
   const double number = is_missing(value) ? companion::parse_number(object.get(L"Valeur").get())
                                           : companion::parse_number(*value);
   if (value) store_variable(*value, Variant(number));
@@ -72,9 +79,9 @@ void set_up_quantity_column(IDispatch* column, BYTE decimals, std::wstring_view 
   const Bstr format = concat({L"N;7.", whole_number_text(decimals).view(), L";", bounds, L"B"});
   const Variant current = object.get(L"Format");
   // Null is equal to no format.
-  if (dereferenced(current.get()).vt != VT_NULL && to_text(current.get()).view() == format.view()) return;
+  if (!is_null(current.get()) && to_text(current.get()).view() == format.view()) return;
   object.put(L"Param", Variant(Bstr(L"")));
-  object.put(L"TypeSaisie", Variant(static_cast<short>(numeric_field())));
+  object.put(L"TypeSaisie", Variant(static_cast<short>(initial<ModuleScrollConstants>.m_T_NUM)));
   object.put(L"Format", Variant(Bstr(format.view())));
   std::wstring display;
   if (!plain_display) {

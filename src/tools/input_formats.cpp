@@ -1,6 +1,5 @@
 #include "tools/input_formats.h"
 
-#include <charconv>
 #include <cmath>
 #include <string>
 
@@ -26,11 +25,7 @@ short digit_count(std::wstring_view text) {
 double largest_number(short whole_digits, short decimals) {
   std::string text(static_cast<std::size_t>(whole_digits), '9');
   text.append(1, '.').append(static_cast<std::size_t>(decimals), '9');
-  double value = 0;
-  if (std::from_chars(text.data(), text.data() + text.size(), value).ec == std::errc::result_out_of_range) {
-    raise(Fault::Overflow);
-  }
-  return value;
+  return read_number(text).value;
 }
 
 struct Bounds {

@@ -42,6 +42,23 @@ TEST_F(CheckFmtNum, IsFalseForAControlThatIsNotNumericWhateverTheValue) {
   }
 }
 
+TEST_F(CheckFmtNum, IsFalseForATypeOfFieldThatIsNoNumber) {
+  for (const Variant& type : {host::text_value(L"T"), host::null_value(), Variant(1.5)}) {
+    control_->property(L"TypeChamp", type);
+    Variant value = host::text_value(L"5");
+    EXPECT_FALSE(accepts(&value.get()));
+    ASSERT_EQ(VT_BSTR, value.get().vt);
+  }
+}
+
+TEST_F(CheckFmtNum, IsTrueForANumberTooSmallToTellFromZero) {
+  control_->property(L"Format", host::text_value(L"N;3.1;>-1;<1"));
+  Variant value = host::text_value(L"1e-400");
+  EXPECT_TRUE(accepts(&value.get()));
+  ASSERT_EQ(VT_R8, value.get().vt);
+  EXPECT_EQ(0, value.get().dblVal);
+}
+
 TEST_F(CheckFmtNum, ReadsNothingElseOfAControlThatIsNotNumeric) {
   control_->property(L"TypeChamp", Variant(kText));
   Variant value = host::text_value(L"5");
