@@ -1,6 +1,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
+#include <limits>
 #include <string_view>
 
 #include "automation/fault.h"
@@ -23,6 +24,18 @@ bool increment(char* digits, int count) {
   }
   digits[0] = '1';
   return true;
+}
+
+/// The nearest number of so many significant digits, by all that the value holds.
+double rounded_to_digits(double value, int count) {
+  constexpr int kExact = std::numeric_limits<double>::max_digits10;
+  if (count >= kExact) return value;
+  char text[40];
+  const auto end =
+      std::to_chars(text, text + sizeof text, value, std::chars_format::scientific, count - 1).ptr;
+  double result = 0;
+  std::from_chars(text, end, result);
+  return result;
 }
 
 }  // namespace
@@ -54,8 +67,8 @@ double round_amount(double value, short decimals) {
     } else if (up && increment(digits, kept)) {
       ++exponent;
     }
-  } else {
-    kept = kDigits;
+  } else if (kept > kDigits) {
+    return std::copysign(rounded_to_digits(std::fabs(value), kept), value);
   }
 
   // The kept digits as an integer, scaled by its power of ten.

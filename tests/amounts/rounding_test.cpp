@@ -1,6 +1,7 @@
 // The rounding behind every amount, seen through the conversion at a rate of zero, which leaves the value as
 // it is.
 #include <cmath>
+#include <limits>
 
 #include "support/host.h"
 
@@ -95,6 +96,16 @@ TEST(Outil, Rounding_MoreDecimalsThanTheValueHasChangeNothing) {
                     {1e15, 2, 1e15},
                     {1e300, 2, 1e300},
                     {123456789012345, 0, 123456789012345}});
+}
+
+TEST(Outil, Rounding_MoreThanFifteenDigitsKeepWhatTheValueHolds) {
+  expect_roundings({{12345678901234.56, 2, 12345678901234.56},
+                    {1234567890123456, 0, 1234567890123456},
+                    {12345678901234.567, 2, 12345678901234.57},
+                    {1.0 / 3, 20, 1.0 / 3},
+                    {0.1 + 0.2, 16, 0.3},
+                    {0.1 + 0.2, 17, 0.1 + 0.2},
+                    {std::numeric_limits<double>::max(), 0, std::numeric_limits<double>::max()}});
 }
 
 TEST(Outil, Rounding_SmallerThanTheLastDecimalIsZero) {

@@ -55,6 +55,7 @@ INSTANTIATE_TEST_SUITE_P(
                       Case{L".1", {0.9}, {1}}, Case{L" 2.0", {99}, {100}},
                       Case{L"3.1.5", {999.99, -999.99}, {1000}},  // 1.5 decimals are 2, halves to even
                       Case{L"3.2.5", {999.99}, {999.999}}, Case{L"300.0", {1e14}, {1.1e14}},
+                      Case{L"12.4", {999999999999.9999}, {1e12}}, Case{L"7.9", {9999999.999999999}, {1e7}},
                       Case{L"14.0", {99999999999999}, {1e14}}, Case{L"15.0", {1e14}, {1.1e14}}));
 
 class CheckFmtSaisNumTightening : public CheckFmtSaisNum {};
