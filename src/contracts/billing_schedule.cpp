@@ -108,11 +108,11 @@ std::wstring_view last_period_end(const Type_Contrat& contract, bool transferred
 
 short invoiced_row_count(const Type_Contrat& contract) {
   const ArrayView<Type_CadencierFact> rows(contract.TabCadFact);
-  short count = 0;
+  long count = 0;
   for (long i = 0; i < rows.end(); ++i) {
     if (is_invoiced(rows[i])) ++count;
   }
-  return count;
+  return narrow_to_short(count);
 }
 
 bool has_forced_row(const Type_Contrat& contract) {

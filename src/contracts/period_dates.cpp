@@ -174,11 +174,11 @@ Bstr end_of_duration(std::wstring_view start, long duration, std::wstring_view u
 
   const DATE from = given ? *given : to_date(first);
   const std::wstring_view interval = interval_of_unit(unit);
+  if (unit != initial<GeneralConstants>.m_c_sUnitDur_Jour.view()) {
+    return format_date(add_to_date(add_to_date(from, interval, duration), L"d", -1), date_format());
+  }
   if (duration == std::numeric_limits<long>::min()) raise(Fault::Overflow);
-  const DATE end = unit == initial<GeneralConstants>.m_c_sUnitDur_Jour.view()
-                       ? add_to_date(from, interval, duration - 1LL)
-                       : add_to_date(add_to_date(from, interval, duration), L"d", -1);
-  return format_date(end, date_format());
+  return format_date(add_to_date(from, interval, duration - 1), date_format());
 }
 
 }  // namespace velmosav

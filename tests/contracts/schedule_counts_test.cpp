@@ -172,4 +172,15 @@ TEST(ContratDoc, CountsAndFlags_NullContractOrResultIsEPointer) {
   }
 }
 
+TEST(ContratDoc, NbrCadFactFacture_MoreThan16BitsHoldIsOverflow) {
+  auto record = contract(L"01/01/2025", L"31/12/2025");
+  constexpr unsigned long kRowsInvoiced = 32768;
+  dimension<Type_CadencierFact>(record->TabCadFact, kRowsInvoiced);
+  for (unsigned long i = 0; i < kRowsInvoiced; ++i) row(record, i).Transfere = VARIANT_TRUE;
+  short result = 77;
+  EXPECT_TRUE(is_contract_fault(Contracts()->NbrCadFactFacture(record, &result), 6));
+  row(record, 5).Transfere = VARIANT_FALSE;
+  EXPECT_EQ(32767, count(kInvoiced, record));
+}
+
 }  // namespace

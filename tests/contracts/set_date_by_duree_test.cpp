@@ -151,6 +151,17 @@ TEST(ContratDoc, SetDateByDuree_BeforeTheFirstYearIsFault5) {
   }
 }
 
+TEST(ContratDoc, SetDateByDuree_LeastNumberOfUnitsIsFault5AndOfDaysOverflow) {
+  const Contracts contracts;
+  constexpr long kLeast = std::numeric_limits<long>::min();
+  for (const auto& [unit, fault] : {std::pair{L"J", 6}, {L"S", 5}, {L"M", 5}, {L"A", 5}, {L"X", 5}}) {
+    Text result;
+    EXPECT_TRUE(
+        is_contract_fault(contracts->SetDateByDuree(Text(L"01/01/2025"), kLeast, Text(unit), &result), fault))
+        << utf8(unit);
+  }
+}
+
 TEST(ContratDoc, SetDateByDuree_NullResultIsEPointer) {
   EXPECT_EQ(E_POINTER, Contracts()->SetDateByDuree(Text(L"01/01/2025"), 1, Text(L"J"), nullptr));
 }
