@@ -1,5 +1,8 @@
 #include "environment/document_types.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace velmosav {
 
 std::wstring_view table_name_of(const GeneralConstants& general, std::wstring_view document_type) {
@@ -24,31 +27,23 @@ std::wstring_view provenance_of(const GeneralConstants& general, std::wstring_vi
   return {};
 }
 
-std::wstring_view duration_input_format(const GeneralConstants& general, BSTR& unit, short& value) {
+Bstr duration_input_format(const GeneralConstants& general, BSTR& unit, short& value) {
   struct Limit {
+    std::wstring_view unit;
     short cap;
     const wchar_t* format;
   };
-  constexpr Limit kDays{3642, L"N;4.0;>0;<3642;B"};
-  constexpr Limit kWeeks{520, L"N;3.0;>0;<520;B"};
-  constexpr Limit kMonths{120, L"N;3.0;>0;<120;B"};
-  constexpr Limit kYears{10, L"N;2.0;>0;<10;B"};
+  const Limit limits[] = {{general.m_c_sUnitDur_Jour, 3642, L"N;4.0;>0;<3642;B"},
+                          {general.m_c_sUnitDur_Sem, 520, L"N;3.0;>0;<520;B"},
+                          {general.m_c_sUnitDur_Mois, 120, L"N;3.0;>0;<120;B"},
+                          {general.m_c_sUnitDur_Annee, 10, L"N;2.0;>0;<10;B"}};
 
-  const std::wstring_view wanted = view(unit);
-  Limit limit = kDays;
-  if (wanted == general.m_c_sUnitDur_Jour.view()) {
-    limit = kDays;
-  } else if (wanted == general.m_c_sUnitDur_Sem.view()) {
-    limit = kWeeks;
-  } else if (wanted == general.m_c_sUnitDur_Mois.view()) {
-    limit = kMonths;
-  } else if (wanted == general.m_c_sUnitDur_Annee.view()) {
-    limit = kYears;
-  } else {
-    assign(unit, general.m_c_sUnitDur_Jour.view());
-  }
+  const auto* known = std::ranges::find(limits, view(unit), &Limit::unit);
+  const Limit& limit = known != std::end(limits) ? *known : limits[0];
+  Bstr format(limit.format);
+  if (known == std::end(limits)) assign(unit, limit.unit);
   if (value > limit.cap) value = limit.cap;
-  return limit.format;
+  return format;
 }
 
 }  // namespace velmosav

@@ -15,7 +15,7 @@ std::wstring_view document_type_of(const GeneralConstants& general, std::wstring
 std::wstring_view provenance_of(const GeneralConstants& general, std::wstring_view document_type);
 
 /// Numeric input format of a duration in a unit. `value` is lowered to the unit's cap (about ten years each);
-/// an unknown unit becomes the day.
-std::wstring_view duration_input_format(const GeneralConstants& general, BSTR& unit, short& value);
+/// an unknown unit becomes the day. Without memory both are as before.
+Bstr duration_input_format(const GeneralConstants& general, BSTR& unit, short& value);
 
 }  // namespace velmosav

@@ -26,9 +26,8 @@ class General final : public ClassObject<::_General> {
 
   HRESULT STDMETHODCALLTYPE GetFmtSaisDureeUnit(BSTR* sUnit, short* iValtoCmp,
                                                 BSTR* Resultat) noexcept override {
-    return answer(Resultat, [&] {
-      return Bstr(duration_input_format(constants_, required(sUnit), required(iValtoCmp)));
-    });
+    return answer(Resultat,
+                  [&] { return duration_input_format(constants_, required(sUnit), required(iValtoCmp)); });
   }
 
  private:

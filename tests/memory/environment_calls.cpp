@@ -36,7 +36,6 @@ void add_general_calls(Calls& calls) {
                   Text result;
                   return object.GetFmtSaisDureeUnit(unit.in_out(), &value, &result);
                 })
-      .changing_step_by_step()
       .fails("GetFmtSaisDureeUnit", E_POINTER, [](Scene&, _General& object) {
         short value = 9999;
         Text result;
