@@ -24,6 +24,7 @@ std::pair<short, short> screen_twips() {
   const int x = GetDeviceCaps(screen, LOGPIXELSX);
   const int y = GetDeviceCaps(screen, LOGPIXELSY);
   ReleaseDC(nullptr, screen);
+  if (x <= 0 || y <= 0) raise(Fault::DeviceError);
   return {static_cast<short>(kTwipsPerInch / x), static_cast<short>(kTwipsPerInch / y)};
 }
 
