@@ -43,8 +43,9 @@ TEST_F(CheckFmtNum, IsFalseForAControlThatIsNotNumericWhateverTheValue) {
 }
 
 TEST_F(CheckFmtNum, IsFalseForATypeOfFieldThatIsNoNumber) {
-  for (const Variant& type : {host::text_value(L"T"), host::null_value(), Variant(1.5)}) {
-    control_->property(L"TypeChamp", type);
+  Variant types[] = {host::text_value(L"T"), host::null_value(), Variant(1.5)};
+  for (Variant& type : types) {
+    control_->property(L"TypeChamp", std::move(type));
     Variant value = host::text_value(L"5");
     EXPECT_FALSE(accepts(&value.get()));
     ASSERT_EQ(VT_BSTR, value.get().vt);
