@@ -72,6 +72,7 @@ double round_amount(double value, int decimals) {
 
   double result = 0;
   if (kept >= 15) {
+    std::snprintf(text, sizeof text, "%.*e", kept < 17 ? kept - 1 : 16, std::fabs(value));
     result = std::strtod(text, nullptr);
   } else if (kept >= 0) {
     const bool up = digits[static_cast<std::size_t>(kept)] >= '5';

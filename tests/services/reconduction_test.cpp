@@ -123,7 +123,7 @@ TEST_F(Reconduction, BDiffLigneTab_AllPairsAreReadBeforeANullFaults) {
   Variant error;
   error.get().vt = VT_ERROR;
   error.get().scode = E_FAIL;
-  grid.set(0, 20, error);
+  grid.set(0, 20, std::move(error));
   EXPECT_TRUE(faults(grid, 0, 13));
 }
 
