@@ -14,8 +14,8 @@
 
 namespace literal {
 
-/// Halves away from zero on the 15 significant digits of the value; of more digits, to the nearest. A zero has no
-/// sign.
+/// Halves away from zero on the 15 significant digits of the value; of more digits, to the nearest. A zero
+/// has no sign.
 double round_amount(double value, int decimals);
 
 double amount_ht_by_ttc(double rate, double ttc, int decimals);
