@@ -8,7 +8,8 @@
 
 namespace velmosav {
 
-/// Room for what the calls write: 32,768 rows, their numbers being 16 bits wide, of a thousand characters each.
+/// Room for what the calls write: 32,768 rows, their numbers being 16 bits wide, of a thousand characters
+/// each.
 struct InvoiceBounds {
   static constexpr std::size_t kCharacters = std::size_t{1} << 25;
   static constexpr std::size_t kParts = 2'000'000;  // elements, attributes, comments, instructions, sections
