@@ -54,10 +54,20 @@ TEST_F(CheckFmtNum, IsFalseForATypeOfFieldThatIsNoNumber) {
 
 TEST_F(CheckFmtNum, IsTrueForANumberTooSmallToTellFromZero) {
   control_->property(L"Format", host::text_value(L"N;3.1;>-1;<1"));
-  Variant value = host::text_value(L"1e-400");
-  EXPECT_TRUE(accepts(&value.get()));
-  ASSERT_EQ(VT_R8, value.get().vt);
-  EXPECT_EQ(0, value.get().dblVal);
+  for (const wchar_t* text : {L"1e-400", L"1e-99999999999", L"0,00001e-323"}) {
+    Variant value = host::text_value(text);
+    EXPECT_TRUE(accepts(&value.get())) << host::utf8(text);
+    ASSERT_EQ(VT_R8, value.get().vt);
+    EXPECT_EQ(0, value.get().dblVal);
+  }
+}
+
+TEST_F(CheckFmtNum, FailsForANumberTooLargeForADouble) {
+  for (const wchar_t* text : {L"1e400", L"1e+400", L"1e99999999999", L"1000000e303"}) {
+    Variant value = host::text_value(text);
+    EXPECT_TRUE(host::is_fault(run(&value.get()), 6, L"Outil")) << host::utf8(text);
+    EXPECT_EQ(VT_BSTR, value.get().vt);
+  }
 }
 
 TEST_F(CheckFmtNum, ReadsNothingElseOfAControlThatIsNotNumeric) {
