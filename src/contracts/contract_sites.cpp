@@ -1,6 +1,7 @@
 #include "contracts/contract_sites.h"
 
 #include <string>
+#include <utility>
 
 #include "automation/variant.h"
 #include "records/array_view.h"
@@ -80,8 +81,11 @@ Bstr site_list(const Type_Contrat& contract) {
   if (!upper_bound(contract.TabInterv)) raise(Fault::SubscriptOutOfRange);
   const Interventions interventions(contract.TabInterv);
   std::wstring list;
+  std::wstring_view previous;
   for (long i = 0; i < interventions.end(); ++i) {
     const std::wstring_view code = view(interventions[i].CodeSite);
+    // The interventions of a site stand together: what the one before has is in the list.
+    if (code == std::exchange(previous, code)) continue;
     if (list.empty()) {
       list = code;
     } else if (list.find(code) == std::wstring::npos) {
