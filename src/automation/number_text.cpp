@@ -90,6 +90,27 @@ std::string_view view_of(const char* start, const std::to_chars_result& end) {
   return {start, static_cast<std::size_t>(end.ptr - start)};
 }
 
+/// With so many decimals; beyond 15 digits there are zeros.
+std::string fixed_digits(double value, std::size_t decimals) {
+  char text[80];
+  if (std::fabs(value) < kFastWholes) {
+    return std::string(view_of(text, std::to_chars(text, text + sizeof text, value, std::chars_format::fixed,
+                                                   static_cast<int>(decimals))));
+  }
+  // d.dddddddddddddde+xx
+  const std::string_view written =
+      view_of(text, std::to_chars(text, text + sizeof text, value, std::chars_format::scientific, 14));
+  const std::size_t mark = written.find('e');
+  std::size_t exponent = 0;
+  std::from_chars(written.data() + mark + 2, written.data() + written.size(), exponent);
+  std::string digits(written.substr(0, mark));
+  const std::size_t sign = value < 0 ? 1 : 0;
+  digits.erase(sign + 1, 1);
+  digits.resize(sign + exponent + 1 + decimals, '0');
+  if (decimals > 0) digits.insert(sign + exponent + 1, 1, '.');
+  return digits;
+}
+
 }  // namespace
 
 Bstr number_text(double value) {
@@ -110,12 +131,9 @@ Bstr number_text(double value) {
 }
 
 Bstr fixed_number_text(double value, int decimals) {
-  const wchar_t mark = decimal_mark();
-  if (value >= 0 && !std::signbit(value) && value < kFastWholes && decimals >= 0 && decimals <= 4 &&
-      mark != 0) {
-    char digits[40];
-    const auto end = std::to_chars(digits, digits + sizeof digits, value, std::chars_format::fixed, decimals);
-    return localized(view_of(digits, end), mark);
+  // The platform loses memory for large numbers (Wine 8).
+  if (const wchar_t mark = decimal_mark(); std::isfinite(value) && mark != 0) {
+    return localized(fixed_digits(value == 0 ? 0 : value, static_cast<std::size_t>(decimals)), mark);
   }
   std::wstring pattern = L"0";
   if (decimals > 0) pattern.append(1, L'.').append(static_cast<std::size_t>(decimals), L'0');

@@ -70,4 +70,24 @@ TEST(FixedNumberText, IsThatOfThePlatformForRoundedRates) {
   EXPECT_EQ(utf8(platform_fixed(0, L"0.00")), utf8(velmosav::fixed_number_text(0, 2).view()));
 }
 
+TEST(FixedNumberText, IsThatOfThePlatformForNumbersOfUpTo15Digits) {
+  std::mt19937 chance(host::chosen_seed());
+  std::uniform_real_distribution<double> numbers(1, 10);
+  for (int exponent = -2; exponent < 15; ++exponent) {
+    for (const double sign : {1.0, -1.0}) {
+      const double value =
+          velmosav::companion::round_amount(sign * numbers(chance) * std::pow(10, exponent), 2);
+      EXPECT_EQ(utf8(platform_fixed(value, L"0.00")), utf8(velmosav::fixed_number_text(value, 2).view()))
+          << value;
+    }
+  }
+}
+
+// The platform may fall back on its form with an exponent there.
+TEST(FixedNumberText, WritesLargerNumbersInDigits) {
+  EXPECT_EQ(L"1000000000000000,00", velmosav::fixed_number_text(1e15, 2).view());
+  EXPECT_EQ(L"-12500000000000000000000000,00", velmosav::fixed_number_text(-1.25e25, 2).view());
+  EXPECT_EQ(L"123456789012346000", velmosav::fixed_number_text(123456789012345678.0, 0).view());
+}
+
 }  // namespace

@@ -137,6 +137,17 @@ void add_line_calls(Invoices& invoices) {
                                                    address_of(rates.get()), &line, &result);
                 })
       .changing_step_by_step()
+      .succeeds("AddCttToInvoiceXML",
+                [](Scene& scene, _InvoiceXMLLib& object) {
+                  auto contract = billed_contract();
+                  const auto rates = vat_object({{1, 1.25e25}});
+                  short line = 1;
+                  const auto watch = scene.watch(contract, line);
+                  Text result;
+                  return object.AddCttToInvoiceXML(contract, 2, Text(), address_of(rates.get()), &line,
+                                                   &result);
+                })
+      .changing_step_by_step()
       .fails("AddCttToInvoiceXML", Fault::SubscriptOutOfRange, [](Scene& scene, _InvoiceXMLLib& object) {
         auto contract = billed_contract();
         short line = 1;
