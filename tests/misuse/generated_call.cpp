@@ -357,11 +357,15 @@ VARIANT GeneratedCall::late_argument(Variable& variable) {
   }
   switch (dice_.below(parameter.type & VT_ARRAY ? 2 : 4)) {
     case 0:
-      // An object that the call gets by value is held by it.
+      // What the call gets by value stays as it is until the end, whatever becomes of the host's variable.
       if (value.vt == VT_DISPATCH) {
         VARIANT& held = generator_.variable(value);
         if (held.pdispVal) held.pdispVal->AddRef();
         return held;
+      }
+      if (value.vt == VT_BSTR && value.bstrVal) {
+        return generator_.variable(
+            variant_of(VT_BSTR, SysAllocStringLen(value.bstrVal, SysStringLen(value.bstrVal))));
       }
       if (!(value.vt & VT_ARRAY)) return value;
       [[fallthrough]];
