@@ -44,11 +44,17 @@ void localize_exponent_form(Bstr& text) {
   text.get()[point] = separator[0];
 }
 
-/// The user's decimal mark at this moment; 0 when it is not one character.
-wchar_t decimal_mark() {
+/// The user's, at this moment.
+std::wstring decimal_separator() {
   wchar_t separator[8] = L"";
   GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, separator, 8);
-  return separator[0] != 0 && separator[1] == 0 ? separator[0] : L'\0';
+  return separator;
+}
+
+/// 0 when the separator is not one character.
+wchar_t decimal_mark() {
+  const std::wstring separator = decimal_separator();
+  return separator.size() == 1 ? separator.front() : L'\0';
 }
 
 /// Digits with a point as a text with the user's mark.
@@ -91,11 +97,11 @@ std::string_view view_of(const char* start, const std::to_chars_result& end) {
 }
 
 /// With so many decimals; beyond 15 digits there are zeros.
-std::string fixed_digits(double value, std::size_t decimals) {
+std::string fixed_digits(double value, int decimals) {
   char text[80];
   if (std::fabs(value) < kFastWholes) {
-    return std::string(view_of(text, std::to_chars(text, text + sizeof text, value, std::chars_format::fixed,
-                                                   static_cast<int>(decimals))));
+    return std::string(
+        view_of(text, std::to_chars(text, text + sizeof text, value, std::chars_format::fixed, decimals)));
   }
   // d.dddddddddddddde+xx
   const std::string_view written =
@@ -106,7 +112,7 @@ std::string fixed_digits(double value, std::size_t decimals) {
   std::string digits(written.substr(0, mark));
   const std::size_t sign = value < 0 ? 1 : 0;
   digits.erase(sign + 1, 1);
-  digits.resize(sign + exponent + 1 + decimals, '0');
+  digits.resize(sign + exponent + 1 + static_cast<std::size_t>(decimals), '0');
   if (decimals > 0) digits.insert(sign + exponent + 1, 1, '.');
   return digits;
 }
@@ -131,17 +137,13 @@ Bstr number_text(double value) {
 }
 
 Bstr fixed_number_text(double value, int decimals) {
-  // The platform loses memory for large numbers (Wine 8).
-  if (const wchar_t mark = decimal_mark(); std::isfinite(value) && mark != 0) {
-    return localized(fixed_digits(value == 0 ? 0 : value, static_cast<std::size_t>(decimals)), mark);
-  }
-  std::wstring pattern = L"0";
-  if (decimals > 0) pattern.append(1, L'.').append(static_cast<std::size_t>(decimals), L'0');
-  Variant number(value);
-  Bstr format(pattern);
-  Bstr text;
-  check_conversion(VarFormat(&number.get(), format.get(), 0, 0, 0, text.receive()));
-  return text;
+  // Not by the platform, which loses memory for large numbers (Wine 8).
+  const std::string digits = fixed_digits(value == 0 ? 0 : value, decimals);
+  const std::size_t point = std::min(digits.find('.'), digits.size());
+  const auto end_of_whole = digits.begin() + static_cast<std::ptrdiff_t>(point);
+  std::wstring text(digits.begin(), end_of_whole);
+  if (point < digits.size()) text.append(decimal_separator()).append(end_of_whole + 1, digits.end());
+  return Bstr(text);
 }
 
 Bstr whole_number_text(long value) {

@@ -9,7 +9,7 @@ namespace velmosav {
 
 /// General form: no thousands separator, as many decimals as the value needs.
 Bstr number_text(double value);
-/// Fixed number of decimals, at least one digit before the separator, no thousands separator.
+/// Fixed number of decimals (0 to 60), at least one digit before the separator, no thousands separator.
 /// The value must already be rounded to that many decimals.
 Bstr fixed_number_text(double value, int decimals);
 Bstr whole_number_text(long value);
