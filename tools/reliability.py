@@ -21,6 +21,9 @@ PIECES = {
     "10-misuse": ("./sav soak", "no call harms the host, whatever it is given"),
     "20-memory": ("./sav test test_memory", "no call leaves memory behind, or harms when it is refused memory"),
     "30-atomicity": ("./sav test test_atomicity", "what each fault leaves of the host's data"),
+    "40-coverage": ("./sav coverage", "how much of the library the tests execute"),
+    "41-uncovered": ("./sav coverage", "which lines they do not, and why"),
+    "50-checks": ("./sav checks", "no test meets undefined behaviour, a damaged heap or an overrun"),
     "60-life": ("./sav soak", "what loading and unloading leaves in the process"),
     "70-xml": ("./sav test test_hostile", "no text takes down the methods that read XML, or leads them outside"),
 }
