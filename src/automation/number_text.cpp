@@ -32,18 +32,6 @@ std::optional<double> short_whole_number(std::wstring_view text) {
   return value;
 }
 
-/// Wine leaves the point in a number that it writes with an exponent.
-void localize_exponent_form(Bstr& text) {
-  if (text.view().find(L'E') == std::wstring_view::npos) return;
-  const std::size_t point = text.view().find(L'.');
-  wchar_t separator[4] = L"";
-  if (point == std::wstring_view::npos ||
-      GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, separator, 4) != 2) {
-    return;
-  }
-  text.get()[point] = separator[0];
-}
-
 /// The user's, at this moment.
 std::wstring decimal_separator() {
   wchar_t separator[8] = L"";
@@ -55,6 +43,14 @@ std::wstring decimal_separator() {
 wchar_t decimal_mark() {
   const std::wstring separator = decimal_separator();
   return separator.size() == 1 ? separator.front() : L'\0';
+}
+
+/// Wine leaves the point in a number that it writes with an exponent.
+void localize_exponent_form(Bstr& text) {
+  if (text.view().find(L'E') == std::wstring_view::npos) return;
+  const std::size_t point = text.view().find(L'.');
+  const wchar_t mark = decimal_mark();
+  if (point != std::wstring_view::npos && mark != 0) text.get()[point] = mark;
 }
 
 /// Digits with a point as a text with the user's mark.
